@@ -1,0 +1,10 @@
+# What the library is built from besides the standard library; docs/dependencies.md says why each of them.
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(simdjson REQUIRED IMPORTED_TARGET simdjson)
+pkg_check_modules(curl REQUIRED IMPORTED_TARGET libcurl)
+pkg_check_modules(sqlite3 REQUIRED IMPORTED_TARGET sqlite3)
+pkg_check_modules(uuid REQUIRED IMPORTED_TARGET uuid)
+pkg_check_modules(crypto REQUIRED IMPORTED_TARGET libcrypto)
+pkg_check_modules(zlib REQUIRED IMPORTED_TARGET zlib)
+pkg_check_modules(brotli REQUIRED IMPORTED_TARGET libbrotlidec)

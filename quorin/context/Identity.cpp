@@ -1,0 +1,85 @@
+#include "quorin/context/Identity.hpp"
+
+#include "quorin/context/ConfigurationManagerUtils.hpp"
+#include "quorin/context/HeaderKeys.hpp"
+#include "quorin/context/PersistenceKeys.hpp"
+#include "quorin/platform/rx/DistinctUntilChanged.hpp"
+#include "quorin/platform/rx/Share.hpp"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace quorin {
+namespace {
+
+void store(MorrStandard& store, std::string_view key, const std::string& value) { store.put(value, key); }
+
+void store(MorrStandard& store, std::string_view key, const std::optional<std::string>& value) {
+    if (value) store.put(*value, key);
+    else store.remove(key);
+}
+
+/// Keeps the store in step with a stream for as long as the stream lives, beginning with its current value.
+template <class T>
+void persistUnder(std::string_view key, const rx::Observable<T>& stream, const std::shared_ptr<MorrStandard>& into) {
+    rx::distinctUntilChanged(stream, std::equal_to<T>())
+        .subscribe({.next = [key, into](const T& value) { store(*into, key, value); }});
+}
+
+}  // namespace
+
+Identity::Identity(const Platform& platform) : Identity(platform, StoredIdentity::readFrom(*platform.store)) {}
+
+Identity::Identity(const Platform& platform, const StoredIdentity& stored)
+    : platform_(platform),
+      parentProfileID_(stored.parentProfileID ? *stored.parentProfileID
+                                              : ConfigurationManagerUtils::generateParentProfileID(platform)),
+      childProfileID_(stored.childProfileID.value_or(parentProfileID_.value())),
+      profileJWT_(stored.profileJWT),
+      kova_(stored.kova),
+      configDomain_(stored.domain),
+      userAgent_(ConfigurationManagerUtils::generateUserAgent({}, platform)),
+      vexoMVPD_(stored.vexoMVPD),
+      kovaObserver_(rx::share(kova_.asObservable())),
+      parentProfileIDObserver_(rx::share(parentProfileID_.asObservable())),
+      childProfileIDObserver_(rx::share(childProfileID_.asObservable())),
+      profileJWTObserver_(rx::share(profileJWT_.asObservable())) {
+    persist();
+}
+
+/// The subscriptions last as long as the cells. They keep the observers connected, which is why a host that subscribes
+/// later gets no current value.
+void Identity::persist() {
+    persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store);
+    persistUnder(PersistenceKeys::parentProfileID, parentProfileIDObserver_, platform_.store);
+    persistUnder(PersistenceKeys::childProfileID, childProfileIDObserver_, platform_.store);
+    persistUnder(PersistenceKeys::profileJWT, profileJWTObserver_, platform_.store);
+    persistUnder(PersistenceKeys::domain, configDomain_.asObservable(), platform_.store);
+    persistUnder(PersistenceKeys::vexoMVPD, vexoMVPD_.asObservable(), platform_.store);
+}
+
+void Identity::setUserAgent(const std::string& existing) {
+    userAgent_.assign(ConfigurationManagerUtils::generateUserAgent(existing, platform_));
+}
+
+std::optional<AnonymousBind> Identity::profileBind(bool parent) const {
+    auto token = profileJWT();
+    if (!token) return std::nullopt;
+    return AnonymousBind{.profileID = parent ? parentProfileID() : childProfileID(), .profileJWT = *std::move(token)};
+}
+
+void Identity::generateNewParentProfileID() {
+    setParentProfileID(ConfigurationManagerUtils::generateParentProfileID(platform_));
+}
+
+StringMap Identity::headers() const {
+    StringMap headers;
+    headers.emplace(HeaderKeys::userAgent, userAgent());
+    if (auto provider = vexoMVPD()) headers.emplace(HeaderKeys::vexoMVPD, *std::move(provider));
+    if (auto account = kova()) headers.emplace(HeaderKeys::kova, *std::move(account));
+    return headers;
+}
+
+}  // namespace quorin

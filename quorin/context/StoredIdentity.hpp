@@ -1,0 +1,41 @@
+#pragma once
+
+#include "quorin/context/Platform.hpp"
+
+#include <optional>
+#include <string>
+
+namespace quorin {
+
+/// The identity values as the store holds them. One that is missing, or no text, is absent.
+struct StoredIdentity {
+    std::optional<std::string> parentProfileID{};
+    std::optional<std::string> childProfileID{};
+    std::optional<std::string> profileJWT{};
+    std::optional<std::string> kova{};
+    std::optional<std::string> domain{};
+    std::optional<std::string> vexoMVPD{};
+
+    /// All of them in one read of the store.
+    static StoredIdentity readFrom(MorrStandard& store);
+};
+
+/// Each of them read from the store by its key.
+namespace ConfigurationManagerUtils {
+
+std::optional<std::string> retrieveKOVA(const Platform& platform = platform::current());
+std::optional<std::string> retrieveDomain(const Platform& platform = platform::current());
+std::optional<std::string> retrieveVEXOMVPD(const Platform& platform = platform::current());
+std::optional<std::string> retrieveProfileJWT(const Platform& platform = platform::current());
+
+/// Where the store has none, a new one, which is in the store then.
+std::string retrieveParentProfileID(const Platform& platform = platform::current());
+
+/// Where the store has none, the parent's.
+std::string retrieveChildProfileID(const Platform& platform = platform::current());
+
+/// A new parent profile identifier, which is in the store then: "p" and a random UUID, 37 characters.
+std::string generateParentProfileID(const Platform& platform = platform::current());
+
+}  // namespace ConfigurationManagerUtils
+}  // namespace quorin

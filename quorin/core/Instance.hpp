@@ -1,0 +1,108 @@
+#pragma once
+
+#include "quorin/context/Identity.hpp"
+#include "quorin/context/Platform.hpp"
+#include "quorin/core/ConfigurationManager.hpp"
+#include "quorin/core/LoadArguments.hpp"
+#include "quorin/model/Configuration.hpp"
+#include "quorin/platform/rx/Observable.hpp"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quorin {
+
+/// The state of a running app: the current configuration, in memory only, and the identity values. An app uses the one
+/// that `ConfigurationManager::sharedInstance()` yields; tests make their own. All of it may be used from any thread.
+class ConfigurationManager::Instance {
+public:
+    using ConfigurationPointer = std::shared_ptr<const Configuration>;
+    using OptionalText = Identity::OptionalText;
+
+    /// Restores the identity values from the platform's store. The services that `platform` leaves out are standard.
+    explicit Instance(const Platform& platform);
+    ~Instance();
+    Instance(const Instance&) = delete;
+    Instance& operator=(const Instance&) = delete;
+
+    /// The configuration of the last successful load; null before the first. What must belong together is read from one
+    /// of them: it never changes, whatever is loaded later.
+    ConfigurationPointer configuration() const;
+    bool configured() const { return configuration() != nullptr; }
+
+    /// Loads the configuration from an http or https URL: one value, or the request library's error, or an `Oops`
+    /// record. Each subscription sends a request and, when it succeeds, replaces the current configuration; a failure
+    /// leaves it as it is. Delivered on the request library's thread.
+    rx::Observable<ConfigurationPointer> initialize(const std::string& url, LoadArguments arguments) const;
+
+    /// Loads the configuration from a file, at once, before it returns; the stream delivers what came of it, which is an
+    /// `Oops` record when there is no such file, or no JSON object in it.
+    rx::Observable<ConfigurationPointer> initialize(const PathURL& file, const LoadArguments& arguments) const;
+
+    /// The brand's section of a document, with the web services of the document's root in place of its own; the document
+    /// itself where no brand is given, or it has no section of that brand.
+    static DocumentMap config(const DocumentMap& json, std::optional<Brand> brand);
+
+    /// The account identifier. An assignment is stored before it returns; absent removes it from the store.
+    OptionalText kova() const { return identity_.kova(); }
+    void setKova(OptionalText value) { identity_.setKova(std::move(value)); }
+
+    std::string parentProfileID() const { return identity_.parentProfileID(); }
+    void setParentProfileID(std::string value) { identity_.setParentProfileID(std::move(value)); }
+
+    /// The profile that is selected: on a fresh installation the parent's.
+    std::string childProfileID() const { return identity_.childProfileID(); }
+    void setChildProfileID(std::string value) { identity_.setChildProfileID(std::move(value)); }
+
+    /// The token of the profile service: a secret.
+    OptionalText profileJWT() const { return identity_.profileJWT(); }
+    void setProfileJWT(OptionalText value) { identity_.setProfileJWT(std::move(value)); }
+
+    /// The TV provider that the user signed in with.
+    OptionalText VEXOMVPD() const { return identity_.vexoMVPD(); }
+    void setVEXOMVPD(OptionalText value) { identity_.setVEXOMVPD(std::move(value)); }
+
+    /// The domain, or URL, for which the account cookie is made.
+    OptionalText configDomain() const { return identity_.configDomain(); }
+
+    /// An assignment keeps what `ConfigurationManagerUtils::generateUserAgent` makes of the text, for this process.
+    std::string userAgent() const { return identity_.userAgent(); }
+    void setUserAgent(const std::string& existing) { identity_.setUserAgent(existing); }
+
+    /// The time-zone header: made at the first read, and anew by each successful load.
+    std::string userZ() const;
+    void setUserZ(std::string value);
+
+    /// Every assignment made after the subscription, equal ones included, and not the value of the moment.
+    rx::Observable<OptionalText> kovaObserver() const { return identity_.kovaObserver(); }
+    rx::Observable<std::string> parentProfileIDObserver() const { return identity_.parentProfileIDObserver(); }
+    rx::Observable<std::string> childProfileIDObserver() const { return identity_.childProfileIDObserver(); }
+    rx::Observable<OptionalText> profileJWTObserver() const { return identity_.profileJWTObserver(); }
+
+    /// The headers of every request: "User-Agent" and "VEXO-USERTZ" always; "appversion" with a configuration,
+    /// "VEXO-MVPD" and "KOVA" with a value.
+    StringMap defaultHeaders() const;
+
+    /// The token with the parent's or the child's identifier; absent without a token.
+    std::optional<AnonymousBind> profileBind(ProfileBindArguments which = {}) const {
+        return identity_.profileBind(which.parent);
+    }
+
+    /// A new parent identifier; the child's stays.
+    void generateNewParentProfileID() { identity_.generateNewParentProfileID(); }
+
+    /// Nothing: a manager has nothing to undo. Hosts may call it at any time.
+    void teardown() const {}
+
+    const Platform& platform() const { return platform_; }
+
+private:
+    struct Loaded;
+
+    const Platform platform_;
+    Identity identity_;
+    std::shared_ptr<Loaded> loaded_;
+};
+
+}  // namespace quorin

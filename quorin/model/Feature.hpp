@@ -1,0 +1,32 @@
+#pragma once
+
+#include "quorin/table/Section.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorin {
+
+/// A named feature switch. Nothing inside `params` is interpreted: in the document it is the feature's whole object.
+struct Feature {
+    std::optional<std::string> name{};
+    std::optional<DocumentMap> params{};
+
+    struct Keys {
+        static constexpr std::string_view name = "name";
+        static constexpr std::string_view params = "params";
+    };
+
+    /// Empty when the object has no members.
+    static std::optional<Feature> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
+    static std::optional<Feature> fromJSON(const DocumentMap& json, std::string_view name,
+                                            ReadReport* report = nullptr);
+    static std::optional<Feature> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
+    DocumentMap encode() const;
+    bool operator==(const Feature&) const = default;
+
+    static const KeyTable& keyTable();
+};
+
+}  // namespace quorin

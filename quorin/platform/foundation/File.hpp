@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <system_error>
+
+namespace quorin::foundation {
+
+/// What came of reading a file: its bytes, or why there are none.
+struct FileRead {
+    /// The whole file. Empty after a failure.
+    std::string bytes{};
+    /// The `errno` of the step that failed, in the generic category; no error when the file was read.
+    std::error_code failure{};
+
+    explicit operator bool() const { return !failure; }
+};
+
+/// The whole file at once. Whatever can be read to an end is a file: pipes, standard input and files without a size
+/// too; a directory fails (EISDIR), and so does a path with a NUL byte (ENOENT). A named pipe is waited for until its
+/// writers have closed it. `bytes` has room for at least `padding` bytes behind its end, for readers that look ahead.
+/// Throws nothing but std::bad_alloc, for a file beyond the memory. May be called from any thread.
+FileRead readFile(const std::string& path, std::size_t padding = 0);
+
+}  // namespace quorin::foundation

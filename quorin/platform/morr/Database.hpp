@@ -1,0 +1,87 @@
+#pragma once
+
+#include "quorin/platform/morr/StoreFile.hpp"
+#include "quorin/platform/morr/StoredValue.hpp"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace quorin::morr {
+
+/// What came of one step on the database.
+struct Outcome {
+    enum class Kind {
+        done,
+        /// Not a database, or one whose structure is broken.
+        damaged,
+        /// A sound database with other content than a store's.
+        foreign,
+        /// Locked by others all the time.
+        busy,
+        /// Anything else: no permission, no space, an error of the disk.
+        failed,
+    };
+
+    Kind kind = Kind::done;
+    /// The database library's words and the system's; no stored value.
+    std::string words{};
+
+    explicit operator bool() const { return kind == Kind::done; }
+};
+
+/// One connection to a store's file: SQLite in WAL mode, durable at each change. For one thread at a time.
+class Database {
+public:
+    Database() = default;
+
+    /// Opens the file and makes the table in an empty one. A file that cannot be written is opened for reading.
+    Outcome open(const StoreFile& file);
+
+    bool isReadOnly() const;
+
+    /// False once the file was deleted, renamed or replaced.
+    bool isInPlace() const;
+
+    /// Absent when no row has the key, or its row holds no value of ours.
+    Outcome read(std::string_view key, std::optional<StoredValue>& value);
+
+    /// One SELECT of the whole table.
+    Outcome readAll(StoredValues& values);
+
+    /// On the disk when it is done.
+    Outcome write(std::string_view key, const StoredValue& value);
+    Outcome erase(std::string_view key);
+
+    /// Closing will not carry the journal over into the file: for a file that is damaged or not ours.
+    void leaveAsItIs();
+
+private:
+    struct CloseConnection {
+        void operator()(sqlite3* connection) const;
+    };
+    struct CloseStatement {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Statement = std::unique_ptr<sqlite3_stmt, CloseStatement>;
+
+    Outcome connect(const std::string& name, int flags);
+    Outcome checkContent();
+    Outcome prepareForWriting();
+    Outcome prepare(const char* text, Statement& statement);
+    Outcome execute(const char* text);
+    int step(sqlite3_stmt* statement);
+    Outcome outcomeOf(int code) const;
+
+    std::unique_ptr<sqlite3, CloseConnection> connection_;
+    bool isEmpty_ = false;
+    Statement select_;
+    Statement upsert_;
+    Statement delete_;
+};
+
+}  // namespace quorin::morr

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quorin::morr {
+
+/// What stands under one key. Booleans are stored as the integers 0 and 1; a text is any bytes, NUL included.
+using StoredValue = std::variant<std::int64_t, double, std::string, std::vector<std::byte>>;
+
+/// Values by their keys, in byte order of the keys.
+using StoredValues = std::map<std::string, StoredValue, std::less<>>;
+
+/// True when storing one in the place of the other would change nothing: the same type and the same bits, where all
+/// numbers that are no number count as one.
+bool isSame(const StoredValue& left, const StoredValue& right);
+
+}  // namespace quorin::morr

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "quorin/platform/rx/AnyEvent.hpp"
+#include "quorin/platform/rx/Disposable.hpp"
+
+#include <functional>
+#include <memory>
+
+namespace quorin::rx {
+
+class Subscription;
+
+/// An observer without the type of its values; the code around it keeps to one type. It holds the subscription, which
+/// holds nothing of what is upstream, so that streams own one another in one direction.
+class AnyObserver {
+public:
+    using Handler = std::function<void(const void* event)>;
+    using Source = std::function<Disposable(const AnyObserver&)>;
+
+    /// An observer that reaches nobody.
+    AnyObserver() = default;
+
+    explicit AnyObserver(std::shared_ptr<Subscription> subscription);
+
+    void send(const void* event, bool isTerminal) const;
+    void send(const AnyEvent& event) const { send(event.content.get(), event.isTerminal); }
+
+    /// True when nothing more reaches the subscriber: the stream ended or was disposed.
+    bool isDisposed() const;
+
+    /// Runs the source for the handler and yields what ends that early.
+    static Disposable subscribe(const Source& source, Handler handler);
+
+private:
+    std::shared_ptr<Subscription> subscription_{};
+};
+
+}  // namespace quorin::rx

@@ -1,0 +1,162 @@
+#include "quorin/platform/rx/Broadcast.hpp"
+
+#include "quorin/platform/rx/HandlerScope.hpp"
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace quorin::rx {
+namespace {
+
+/// Subscribers are numbered in the order of their coming, and an event goes to a range of numbers.
+using Number = std::uint64_t;
+
+/// An event and those who are still to get it: from `next` to before `end`.
+struct Delivery {
+    AnyEvent event{};
+    Number next = 0;
+    Number end = 0;
+};
+
+struct Call {
+    AnyEvent event{};
+    AnyObserver target{};
+};
+
+}  // namespace
+
+/// Everything that is released here is released without the lock, for values and handlers may call back in.
+struct Broadcast::State : std::enable_shared_from_this<State> {
+    using Lock = std::unique_lock<std::mutex>;
+
+    std::mutex mutex{};
+    std::condition_variable idle{};
+    std::thread::id deliverer{};  ///< that of no thread while the broadcast is idle
+    std::deque<Delivery> queue{};
+    std::map<Number, AnyObserver> targets{};
+    Number nextNumber = 0;
+    AnyEvent last{};  ///< empty without replay
+    AnyEvent end{};   ///< empty before the end
+
+    void send(AnyEvent event);
+    Disposable subscribe(const AnyObserver& observer);
+    void remove(Number number);
+
+    void awaitTurn(Lock& lock);
+    void workOff(Lock& lock);
+    void drain(Lock& lock);
+    Call nextCall();
+};
+
+void Broadcast::State::send(AnyEvent event) {
+    Lock lock(mutex);
+    awaitTurn(lock);
+    if (end.content) return;
+    if (!targets.empty()) queue.push_back({event, 0, nextNumber});
+    if (event.isTerminal)
+        end = std::move(event);
+    else if (last.content)
+        std::swap(last, event);
+    workOff(lock);
+}
+
+Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
+    AnyEvent first, second;
+    Lock lock(mutex);
+    if (last.content) awaitTurn(lock);
+    first = last;
+    second = end;
+    if (second.content) {
+        lock.unlock();
+        if (first.content) observer.send(first);
+        observer.send(second);
+        return Disposable();
+    }
+    const Number number = nextNumber;
+    targets.emplace(number, observer);
+    ++nextNumber;
+    if (first.content && deliverer == std::this_thread::get_id()) {
+        lock.unlock();
+        observer.send(first);
+    } else if (first.content) {
+        queue.push_back({first, number, number + 1});
+        workOff(lock);
+    }
+    return Disposable([known = weak_from_this(), number] {
+        if (const auto state = known.lock()) state->remove(number);
+    });
+}
+
+void Broadcast::State::remove(Number number) {
+    decltype(targets)::node_type removed;
+    const Lock lock(mutex);
+    removed = targets.extract(number);
+}
+
+/// A thread inside a handler never waits: the other thread might be waiting for it.
+void Broadcast::State::awaitTurn(Lock& lock) {
+    if (HandlerScope::isInside()) return;
+    idle.wait(lock, [this] { return deliverer == std::thread::id(); });
+}
+
+/// Leaves the queue to the thread that is delivering, if that is another one.
+void Broadcast::State::workOff(Lock& lock) {
+    const auto self = std::this_thread::get_id();
+    if (deliverer == self) return drain(lock);
+    if (deliverer != std::thread::id()) return;
+    deliverer = self;
+    drain(lock);
+    deliverer = std::thread::id();
+    lock.unlock();
+    idle.notify_all();
+}
+
+void Broadcast::State::drain(Lock& lock) {
+    const HandlerScope scope;
+    while (!queue.empty()) {
+        Call call = nextCall();
+        lock.unlock();
+        call.target.send(call.event);
+        call = {};
+        lock.lock();
+    }
+}
+
+/// For the event at the head of the queue; when nobody is left to get it, it leaves the queue in a call to nobody.
+Call Broadcast::State::nextCall() {
+    Delivery& running = queue.front();
+    const auto target = targets.lower_bound(running.next);
+    if (target != targets.end() && target->first < running.end) {
+        running.next = target->first + 1;
+        return {running.event, target->second};
+    }
+    Call toNobody{std::move(running.event)};
+    queue.pop_front();
+    return toNobody;
+}
+
+Broadcast::Broadcast() : state_(std::make_shared<State>()) {}
+
+Broadcast::Broadcast(AnyEvent initial) : Broadcast() { state_->last = std::move(initial); }
+
+void Broadcast::send(AnyEvent event) const {
+    const auto state = state_;  // a handler may drop this broadcast
+    state->send(std::move(event));
+}
+
+Disposable Broadcast::subscribe(const AnyObserver& observer) const {
+    const auto state = state_;
+    return state->subscribe(observer);
+}
+
+std::shared_ptr<const void> Broadcast::last() const {
+    const State::Lock lock(state_->mutex);
+    return state_->last.content;
+}
+
+}  // namespace quorin::rx

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "quorin/platform/rx/Observable.hpp"
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace quorin::rx {
+
+/// Without each value that is `equal` to the last one delivered to the same subscriber.
+template <class T, class Equal = std::equal_to<>>
+Observable<T> distinctUntilChanged(Observable<T> stream, Equal equal = {}) {
+    return Observable<T>([stream = std::move(stream), equal = std::move(equal)](Observer<T> observer) {
+        return stream.subscribe(
+            [observer = std::move(observer), equal, last = std::optional<T>()](const Event<T>& event) mutable {
+                if (const T* value = event.value()) {
+                    if (last && equal(*last, *value)) return;
+                    last.emplace(*value);  // before the delivery, in which the next value may arrive
+                }
+                observer.send(event);
+            });
+    });
+}
+
+}  // namespace quorin::rx

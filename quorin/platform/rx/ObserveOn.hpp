@@ -1,0 +1,28 @@
+#pragma once
+
+#include "quorin/platform/rx/Observable.hpp"
+#include "quorin/platform/rx/Relay.hpp"
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace quorin::rx {
+
+/// The host's way to run a task, at once or later, on a thread of its choice. It runs every task, and each once.
+using Executor = std::function<void(std::function<void()>)>;
+
+/// The same events in the same order, each delivered in a task of the executor. Nothing is delivered after the
+/// subscriber left, whatever tasks the executor still holds.
+template <class T>
+Observable<T> observeOn(Observable<T> stream, Executor executor) {
+    return Observable<T>([stream = std::move(stream), executor = std::move(executor)](const Observer<T>& observer) {
+        const auto relay = std::make_shared<Relay>(observer.untyped());
+        return stream.subscribe([relay, executor](const Event<T>& event) {
+            relay->put(AnyEvent::of(event));
+            executor([relay] { relay->deliverOne(); });
+        });
+    });
+}
+
+}  // namespace quorin::rx

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "quorin/platform/rx/AnyObserver.hpp"
+
+#include <cstddef>
+#include <deque>
+#include <mutex>
+
+namespace quorin::rx {
+
+/// The events on their way through an executor. Each task stands for one delivery; which event that is, is decided by
+/// the order of arrival, and a task that meets a running delivery leaves its own to that one. So the subscriber gets
+/// one event at a time and in order even where the executor has several threads.
+class Relay {
+public:
+    explicit Relay(AnyObserver observer);
+
+    void put(AnyEvent event);
+
+    /// Once for each event that was put.
+    void deliverOne();
+
+private:
+    AnyObserver observer_;
+    std::mutex mutex_;
+    std::deque<AnyEvent> events_;
+    std::size_t due_ = 0;
+    bool isDelivering_ = false;
+};
+
+}  // namespace quorin::rx

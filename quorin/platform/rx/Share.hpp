@@ -1,0 +1,21 @@
+#pragma once
+
+#include "quorin/platform/rx/Observable.hpp"
+#include "quorin/platform/rx/Sharing.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace quorin::rx {
+
+/// One subscription upstream for all subscribers at a time: the first connects, the last to leave disconnects. Nothing
+/// is replayed: who comes later gets what comes later. After the end the next subscriber connects anew.
+template <class T>
+Observable<T> share(Observable<T> stream) {
+    const auto sharing = std::make_shared<Sharing>([stream = std::move(stream)](Sharing::Feed feed) {
+        return stream.subscribe([feed = std::move(feed)](const Event<T>& event) { feed(AnyEvent::of(event)); });
+    });
+    return Observable<T>([sharing](const Observer<T>& observer) { return sharing->subscribe(observer.untyped()); });
+}
+
+}  // namespace quorin::rx

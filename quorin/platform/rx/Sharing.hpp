@@ -1,0 +1,34 @@
+#pragma once
+
+#include "quorin/platform/rx/AnyObserver.hpp"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace quorin::rx {
+
+/// The subscribers of a shared stream and their one subscription upstream, the connection, while there are any.
+class Sharing {
+public:
+    /// Where the upstream's events go.
+    using Feed = std::function<void(AnyEvent)>;
+
+    /// `connect` subscribes the feed upstream.
+    explicit Sharing(std::function<Disposable(Feed)> connect);
+
+    /// The first subscriber connects; the handle of the last one to leave disconnects.
+    Disposable subscribe(const AnyObserver& observer);
+
+private:
+    class Connection;
+    struct Entrance;
+
+    Entrance enter(const AnyObserver& observer);
+
+    const std::function<Disposable(Feed)> connect_;
+    std::mutex mutex_;
+    std::shared_ptr<Connection> current_;
+};
+
+}  // namespace quorin::rx

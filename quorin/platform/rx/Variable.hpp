@@ -1,0 +1,42 @@
+#pragma once
+
+#include "quorin/platform/rx/Broadcast.hpp"
+#include "quorin/platform/rx/Observable.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace quorin::rx {
+
+/// A cell whose value can be read, assigned and followed, on any thread. Its destruction completes its streams.
+template <class T>
+class Variable {
+public:
+    explicit Variable(T initial) : cell_(AnyEvent::of(Event<T>::next(std::move(initial)))) {}
+    ~Variable() { cell_.send(AnyEvent::of(Event<T>::completed())); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+    /// Always the last one assigned, also while it is still being delivered.
+    T value() const {
+        const std::shared_ptr<const void> last = cell_.last();
+        return *static_cast<const Event<T>*>(last.get())->value();
+    }
+
+    /// Delivers to all subscribers before it returns, on the calling thread and also when the value is an equal one.
+    /// Inside a handler, what is being delivered goes on first; only there, while another thread delivers this cell, it
+    /// leaves the delivery to that thread and returns. A handler must not wait for another thread's assignment.
+    void assign(T value) { cell_.send(AnyEvent::of(Event<T>::next(std::move(value)))); }
+
+    /// The value of the moment for each new subscriber, then each one assigned. After the cell's destruction the stream
+    /// is its last value and completion.
+    Observable<T> asObservable() const {
+        return Observable<T>(
+            [cell = cell_](const Observer<T>& observer) { return cell.subscribe(observer.untyped()); });
+    }
+
+private:
+    Broadcast cell_;
+};
+
+}  // namespace quorin::rx

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "quorin/platform/skell/HTTPMethod.hpp"
+#include "quorin/platform/skell/Response.hpp"
+#include "quorin/platform/skell/SkellError.hpp"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quorin::skell {
+
+/// One message to one server: the request itself, or what a redirect made of it.
+struct Hop {
+    HTTPMethod method = HTTPMethod::GET;
+    std::string url{};
+    std::map<std::string, std::string, std::less<>> headers{};
+    std::shared_ptr<const std::string> body{};
+
+    /// True when `headers` has `name` in any ASCII letter case.
+    bool has(std::string_view name) const;
+};
+
+/// Why `hop` cannot be sent, or empty when it can.
+std::optional<SkellError> refusal(const Hop& hop);
+
+/// True when a response is to be followed: 301, 302, 303, 307 or 308 with a Location (RFC 9110 section 15.4).
+bool isRedirect(const Response& response);
+
+/// Turns `hop` into the one that the redirect `response` asks for, or says why it may not be followed.
+std::optional<SkellError> follow(const Response& response, Hop& hop);
+
+}  // namespace quorin::skell

@@ -1,0 +1,36 @@
+#include "quorin/platform/skell/Request.hpp"
+
+#include "quorin/platform/skell/Exchange.hpp"
+#include "quorin/platform/skell/Loop.hpp"
+
+#include <utility>
+
+namespace quorin::skell {
+namespace {
+
+rx::Disposable send(const Request& request, rx::Observer<Response> observer) {
+    Loop& loop = Loop::shared();
+    Hop first{request.method, request.url, request.headers, request.body};
+    Transport transport = request.transport ? *request.transport : Transport::standard();
+    const auto exchange = std::make_shared<Exchange>(loop, std::move(first), std::move(transport), std::move(observer));
+    if (const auto kind = loop.post([exchange] { exchange->begin(); })) {
+        exchange->fail(*kind,
+                       *kind == SkellError::Kind::cancelled ? "the process is exiting" : "no thread for requests");
+        return rx::Disposable();
+    }
+    return rx::Disposable([&loop, known = std::weak_ptr(exchange)] {
+        const auto running = known.lock();
+        if (running && !running->isOver()) loop.post([running] { running->cancel(); });
+    });
+}
+
+}  // namespace
+
+Request Request::make(HTTPMethod method, std::string url) { return {.method = method, .url = std::move(url)}; }
+
+rx::Observable<Response> Request::response() const {
+    return rx::Observable<Response>(
+        [request = *this](rx::Observer<Response> observer) { return send(request, std::move(observer)); });
+}
+
+}  // namespace quorin::skell

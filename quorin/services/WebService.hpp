@@ -1,0 +1,44 @@
+#pragma once
+
+#include "quorin/platform/skell/HTTPMethod.hpp"
+#include "quorin/services/ContentType.hpp"
+#include "quorin/services/WebServiceHeaders.hpp"
+#include "quorin/table/Section.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorin {
+
+/// One endpoint that the app may call.
+///
+/// The document nests the URL and the media types, writes names in any letter case and may leave the media types out;
+/// the archive is flat, exact and complete.
+struct WebService {
+    std::string name{};
+    std::string url{};  ///< a template: request building fills its placeholders
+    HTTPMethod method = HTTPMethod::GET;
+    ContentType contentTypeHeader = ContentType::urlEncoded;
+    std::optional<ContentType> acceptHeader{};  ///< absent: the service sends no "Accept" of its own
+
+    struct Keys {
+        static constexpr std::string_view header = "header";
+        static constexpr std::string_view name = "name";
+        static constexpr std::string_view method = "method";
+        static constexpr std::string_view url = "url";
+        static constexpr std::string_view value = "value";
+    };
+
+    static std::optional<WebService> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
+    static std::optional<WebService> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
+    DocumentMap encode() const;
+    bool operator==(const WebService&) const = default;
+
+    /// "Content-Type", and "Accept" when the service has one.
+    StringMap headers() const;
+
+    static const KeyTable& keyTable();
+};
+
+}  // namespace quorin

@@ -1,0 +1,136 @@
+#pragma once
+
+#include "quorin/table/Conversion.hpp"
+
+#include <concepts>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quorin::table {
+
+template <class T>
+struct MemberOf;
+template <class Owner, class Type>
+struct MemberOf<Type Owner::*> {
+    using Record = Owner;
+    using Value = Type;
+    static constexpr bool optional = false;
+};
+template <class Owner, class Type>
+struct MemberOf<std::optional<Type> Owner::*> {
+    using Record = Owner;
+    using Value = Type;
+    static constexpr bool optional = true;
+};
+
+/// The section type inside a field's type, or the field's type itself.
+template <class T>
+struct Inner {
+    using Type = T;
+};
+template <class T>
+struct Inner<std::vector<T>> : Inner<T> {};
+template <class T>
+struct Inner<MapOf<T>> : Inner<T> {};
+
+template <auto Member, class Converted>
+bool store(Converted&& converted, void* model) {
+    if (!converted) return false;
+    static_cast<typename MemberOf<decltype(Member)>::Record*>(model)->*Member = *std::move(converted);
+    return true;
+}
+
+template <auto Member>
+bool readInto(const Node& value, void* model, const Reading& at) {
+    return store<Member>(Conversion<typename MemberOf<decltype(Member)>::Value>::read(value, at), model);
+}
+
+template <auto Member>
+bool readLeniently(const Node& value, void* model, const Reading& at) {
+    using Map = Conversion<typename MemberOf<decltype(Member)>::Value>;
+    return store<Member>(at.form() == Form::document ? Map::readLeniently(value, at) : Map::read(value, at), model);
+}
+
+template <auto Member>
+void writeFrom(const void* model, std::string_view key, Builder& into) {
+    using Of = MemberOf<decltype(Member)>;
+    const auto& member = static_cast<const typename Of::Record*>(model)->*Member;
+    if constexpr (Of::optional) {
+        if (!member) return;
+        into.name(key);
+        Conversion<typename Of::Value>::write(*member, into);
+    } else {
+        into.name(key);
+        Conversion<typename Of::Value>::write(member, into);
+    }
+}
+
+/// The row of a value that is written and never read back: the owner of the model sets it.
+template <auto Member>
+constexpr Row written(std::string_view key) {
+    return {.key = key, .write = &writeFrom<Member>};
+}
+
+/// The row of one member: `field<&Ads::freeTime>(Keys::freeTime)`.
+template <auto Member>
+constexpr Row field(std::string_view key) {
+    using Of = MemberOf<decltype(Member)>;
+    using Section = typename Inner<typename Of::Value>::Type;
+
+    Row row{.key = key,
+            .shape = Conversion<typename Of::Value>::shape,
+            .read = &readInto<Member>,
+            .write = &writeFrom<Member>};
+    row.required = !Of::optional;
+    if constexpr (Model<Section>) row.nested = &Section::keyTable;
+    return row;
+}
+
+/// The row of a map of sections of which the document may hold members that are no objects: they are left out alone.
+template <auto Member>
+constexpr Row lenientField(std::string_view key) {
+    Row row = field<Member>(key);
+    row.read = &readLeniently<Member>;
+    return row;
+}
+
+/// Stands for any member when members are counted.
+struct AnyMember {
+    template <class T>
+    operator T() const;
+};
+
+/// How many data members a record has.
+template <class Record, class... Members>
+consteval std::size_t memberCount() {
+    if constexpr (requires { Record{Members{}..., AnyMember{}}; }) return memberCount<Record, Members..., AnyMember>();
+    else return sizeof...(Members);
+}
+
+/// Whether no key and no member has two rows.
+constexpr bool distinct(std::span<const Row> rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            if (rows[i].key == rows[j].key || rows[i].write == rows[j].write) return false;
+        }
+    }
+    return true;
+}
+
+/// Never defined: a call of it while a table is made is the compiler's message.
+void twoRowsShareAKeyOrAMember();
+
+/// The key table of a model, one row for every data member. A forgotten or a doubled row does not compile.
+template <class Model, std::size_t size>
+consteval KeyTable of(std::string_view name, const Row (&rows)[size]) {
+    static_assert(size == memberCount<Model>(), "every data member of the model needs one row");
+    if (!distinct(rows)) twoRowsShareAKeyOrAMember();
+    return {name, rows};
+}
+
+}  // namespace quorin::table

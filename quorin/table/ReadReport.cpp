@@ -1,0 +1,34 @@
+#include "quorin/table/ReadReport.hpp"
+
+#include <utility>
+
+namespace quorin {
+namespace {
+
+// A hostile document could draw findings without end, each with a pointer of any length.
+constexpr std::size_t mostFindings = 10'000;
+constexpr std::size_t mostBytes = std::size_t{4} << 20;
+
+}  // namespace
+
+std::string_view nameOf(Cost cost) {
+    switch (cost) {
+        case Cost::fieldAbsent: return "field absent";
+        case Cost::defaultUsed: return "default used";
+        case Cost::elementDropped: return "element dropped";
+        case Cost::entryDropped: return "entry dropped";
+        case Cost::listDropped: return "whole list dropped";
+        case Cost::mapDropped: return "whole map dropped";
+        case Cost::nothingRead: return "nothing read";
+        case Cost::notAsked: return "no reader asks for it";
+    }
+    return "unknown";
+}
+
+void ReadReport::add(Finding finding) {
+    bytes_ += finding.pointer.size();
+    if (findings.size() >= mostFindings || bytes_ > mostBytes) ++omitted;
+    else findings.push_back(std::move(finding));
+}
+
+}  // namespace quorin

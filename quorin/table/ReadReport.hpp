@@ -1,0 +1,55 @@
+#pragma once
+
+#include "quorin/platform/json/Position.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorin {
+
+/// What a value that was not taken cost its surroundings.
+enum class Cost : std::uint8_t {
+    fieldAbsent,     ///< the field is absent
+    defaultUsed,     ///< the field has its default
+    elementDropped,  ///< an element of a list is missing, the others are there
+    entryDropped,    ///< an entry of a map is missing, the others are there
+    listDropped,     ///< a whole list is absent
+    mapDropped,      ///< a whole map is absent
+    nothingRead,     ///< the read yielded nothing
+    notAsked,        ///< nothing: no reader asks for this member
+};
+
+/// The cost in words: "field absent", "entry dropped", ...
+std::string_view nameOf(Cost cost);
+
+/// One value of the document that a reader did not take. The texts are constants of the library.
+struct Finding {
+    std::string pointer{};        ///< where it stands, as a JSON Pointer (RFC 6901): "/videoPlayer/ads/freeTime"
+    std::string_view expected{};  ///< what the model takes there: "integer", "list of strings", ...
+    std::string_view found{};     ///< what the document holds: "string", "null", ... or "nothing"
+    Cost cost = Cost::fieldAbsent;
+    std::optional<json::Position> position{};  ///< known when the document was loaded from a text; of the object around
+                                               ///< it when nothing was found
+
+    bool operator==(const Finding&) const = default;
+};
+
+/// Everything that one read did not take, in reading order. Readers fill one only when a caller hands it in.
+struct ReadReport {
+    std::vector<Finding> findings{};
+    std::size_t omitted = 0;  ///< findings beyond what a report holds: 10,000 of them, or pointers of 4 MiB
+
+    /// Adds a finding, or counts it as omitted.
+    void add(Finding finding);
+
+    bool operator==(const ReadReport&) const = default;
+
+private:
+    std::size_t bytes_ = 0;
+};
+
+}  // namespace quorin

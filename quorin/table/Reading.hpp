@@ -1,0 +1,94 @@
+#pragma once
+
+#include "quorin/table/Document.hpp"
+#include "quorin/table/ReadReport.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorin::table {
+
+using json::Node;
+
+/// The two shapes in which a model exists outside memory.
+enum class Form : std::uint8_t {
+    document,  ///< as the server delivers it: read leniently
+    archive,   ///< as `encode()` writes it: read strictly
+};
+
+/// What a value is to the one around it, which decides what its loss costs.
+enum class Role : std::uint8_t {
+    root,
+    field,      ///< is absent then
+    required,   ///< takes its model with it
+    defaulted,  ///< has its default then
+    element,    ///< leaves a list of sections alone
+    entry,      ///< leaves a map of sections alone
+    listPart,   ///< takes the whole list with it
+    mapPart,    ///< takes the whole map with it
+};
+
+/// One step of the way from the top of a document to a value. The steps form a chain on the stack, which is spelt out as
+/// a JSON Pointer only when there is something to tell.
+struct Trail {
+    const Trail* outer;
+    std::string_view key;
+    std::size_t index;  ///< of an element, whose key has no data
+    Role role;
+};
+
+/// How a read is done, where it stands, and to whom it tells what it does not take. Where nobody listens there is no
+/// trail: nothing is kept, and every question of the kind is one comparison with null.
+class Reading {
+public:
+    /// `tree` holds the nodes that are read and outlives the reading.
+    Reading(Form form, const Value& tree, ReadReport* report)
+        : tree_(&tree), report_(report), trail_(report ? &top : nullptr), form_(form) {}
+
+    Form form() const { return form_; }
+    bool observed() const { return trail_ != nullptr; }
+
+    /// A share in the value at `node`.
+    Value valueAt(const Node& node) const { return tree_->at(node); }
+
+    /// The reading of a value below this one; `step` is set, and needed as long as the result, where somebody listens.
+    Reading member(Trail& step, std::string_view key, Role role) const {
+        if (trail_) step = {trail_, key, 0, role};
+        return along(step);
+    }
+    Reading element(Trail& step, std::size_t index, Role role) const {
+        if (trail_) step = {trail_, {}, index, role};
+        return along(step);
+    }
+
+    /// Tells that `found` cannot be read as `expected`. Always false, so that a conversion can return it.
+    bool reject(std::string_view expected, const Node& found) const {
+        return trail_ && tell(expected, nameOf(found.kind));
+    }
+
+    /// Tells that a required value is not there. Always false.
+    bool miss(std::string_view expected) const { return trail_ && tell(expected, "nothing"); }
+
+    /// Tells that no reader asks for `found`.
+    void notAsked(const Node& found) const;
+
+private:
+    Reading along(const Trail& step) const {
+        Reading reading = *this;
+        if (trail_) reading.trail_ = &step;
+        return reading;
+    }
+
+    bool tell(std::string_view expected, std::string_view found) const;
+
+    static constexpr Trail top{nullptr, {}, 0, Role::root};
+
+    const Value* tree_;
+    ReadReport* report_;
+    const Trail* trail_;
+    Form form_;
+};
+
+}  // namespace quorin::table

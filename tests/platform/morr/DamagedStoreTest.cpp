@@ -1,0 +1,181 @@
+#include "quorin/platform/morr/MorrStandard.hpp"
+
+#include "tests/platform/foundation/TemporaryFolder.hpp"
+#include "tests/platform/morr/Child.hpp"
+#include "tests/platform/morr/RawDatabase.hpp"
+#include "tests/platform/morr/StoreTesting.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace quorin::morr {
+namespace {
+
+using foundation::contentOf;
+using foundation::TemporaryFolder;
+
+/// A sound store of several pages, as its bytes.
+const std::string& soundFile() {
+    static const std::string& content = *new std::string([] {
+        const TemporaryFolder folder;
+        MorrStandard({.path = folder.file("s.db")}).put("v", "k");
+        runSQL(folder.file("s.db"),
+               "WITH RECURSIVE n (i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 199)"
+               " INSERT INTO entries SELECT 'key' || i, 'text', hex(zeroblob(100)) FROM n");
+        return contentOf(folder.file("s.db"));
+    }());
+    return content;
+}
+
+/// The files set aside in a directory, without their journals.
+std::vector<std::string> setAsideIn(const std::string& folder) {
+    auto names = namesWith(folder, "damaged");
+    std::erase_if(names, [](const std::string& name) { return name.ends_with("-wal") || name.ends_with("-shm"); });
+    return names;
+}
+
+std::string overwritten(std::string file, std::size_t from, std::size_t count) {
+    for (std::size_t i = from; i < from + count; ++i) file[i] = '\x5a';
+    return file;
+}
+
+const std::vector<std::string>& damagedFiles() {
+    static const auto& files = *new std::vector<std::string>{
+        "not a database",
+        std::string(100000, 'x'),
+        std::string(4096, '\0'),
+        soundFile().substr(0, 50),
+        soundFile().substr(0, 4096),
+        soundFile().substr(0, 10000),
+        overwritten(soundFile(), 0, 16),
+        overwritten(soundFile(), 4096, 4096),
+        overwritten(soundFile(), 12288, 600),
+    };
+    return files;
+}
+
+TEST(DamagedStore, IsSetAsideAndBegunAnew) {
+    for (const std::string& content : damagedFiles()) {
+        const TemporaryFolder folder;
+        MorrStandard store({.path = folder.write("s.db", content)});
+        EXPECT_EQ(store.all(), StoredValues{}) << content.size();
+        store.put("v", "k");
+        EXPECT_EQ(store.status().kind, Kind::setAside);
+        EXPECT_EQ(textIn(folder.file("s.db"), "k"), "v");
+        const auto aside = setAsideIn(folder.path());
+        ASSERT_EQ(aside.size(), 1U);
+        EXPECT_TRUE(contentOf(folder.file(aside[0])) == content);
+        EXPECT_NE(store.status().message.find(folder.file(aside[0])), std::string::npos) << store.status().message;
+    }
+}
+
+TEST(DamagedStore, IsNamedAfterTheTime) {
+    const TemporaryFolder folder;
+    MorrStandard({.path = folder.write("s.db", "junk")}).put("v", "k");
+    const auto aside = setAsideIn(folder.path());
+    ASSERT_EQ(aside.size(), 1U);
+    EXPECT_THAT(aside[0], testing::MatchesRegex("s\\.db\\.damaged-[0-9]{8}T[0-9]{6}Z"));
+    EXPECT_EQ(modeOf(folder.file("s.db")), 0600U);
+}
+
+TEST(DamagedStore, NeverReplacesAnEarlierOne) {
+    const TemporaryFolder folder;
+    for (int i = 0; i < 5; ++i) {
+        MorrStandard({.path = folder.write("s.db", "junk " + std::to_string(i))}).put("v", "k");
+    }
+    EXPECT_EQ(setAsideIn(folder.path()).size(), 5U);
+}
+
+TEST(DamagedStore, StaysWhereTheHostWantsItTo) {
+    for (const std::string& content : damagedFiles()) {
+        const TemporaryFolder folder;
+        MorrStandard store({.path = folder.write("s.db", content), .setAsideDamaged = false});
+        store.put("v", "k");
+        EXPECT_EQ(text(store, "k"), "v");
+        EXPECT_EQ(store.status().kind, Kind::unavailable);
+        EXPECT_TRUE(contentOf(folder.file("s.db")) == content);
+        EXPECT_EQ(setAsideIn(folder.path()), std::vector<std::string>{});
+    }
+}
+
+TEST(DamagedStore, TakesItsJournalWithIt) {
+    const TemporaryFolder folder;
+    folder.write("s.db", "junk");
+    folder.write("s.db-wal", "journal");
+    MorrStandard({.path = folder.file("s.db")}).put("v", "k");
+    const auto aside = namesWith(folder.path(), "-wal");
+    ASSERT_EQ(aside.size(), 1U);
+    EXPECT_EQ(contentOf(folder.file(aside[0])), "journal");
+    EXPECT_EQ(aside[0].find("s.db.damaged-"), 0U);
+}
+
+TEST(DamagedStore, BehindALinkIsSetAsideBesideItsFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("d"));
+    folder.write("d/real.db", "junk");
+    std::filesystem::create_symlink("d/real.db", folder.file("link.db"));
+    MorrStandard({.path = folder.file("link.db")}).put("v", "k");
+    EXPECT_EQ(setAsideIn(folder.file("d")).size(), 1U);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("link.db")));
+}
+
+TEST(DamagedStore, IsFoundWhileItIsInUse) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("s.db", soundFile());
+    MorrStandard first({.path = path});
+    MorrStandard second({.path = path});
+    EXPECT_EQ(text(first, "key7").size(), 200U);
+    EXPECT_EQ(text(second, "key7").size(), 200U);
+    // By another process: closing the file in this one would drop the locks that the two hold.
+    inChild([&] {
+        const std::string junk(soundFile().size(), 'x');
+        std::fstream(path, std::ios::in | std::ios::out | std::ios::binary)
+            .write(junk.data(), static_cast<std::streamsize>(junk.size()));
+        return std::string();
+    });
+    second.put("makes the first read the file again", "key0");
+    EXPECT_EQ(text(first, "key150"), "(none)");
+    EXPECT_EQ(first.status().kind, Kind::setAside);
+    first.put("v", "k");
+    second.put("w", "l");
+    EXPECT_EQ(MorrStandard({.path = path}).all(), (StoredValues{{"k", "v"}, {"l", "w"}}));
+    EXPECT_EQ(setAsideIn(folder.path()).size(), 1U);
+}
+
+TEST(DamagedStore, InAFolderThatIsNotWritableStays) {
+    const TemporaryFolder folder;
+    chmod(folder.write("s.db", "junk").c_str(), 0666);
+    chmod(folder.path().c_str(), 0555);
+    const std::string said = inChild([&] {
+        becomeNobody();
+        MorrStandard store({.path = folder.file("s.db")});
+        store.put("v", "k");
+        const std::string seen = text(store, "k");
+        return seen + store.status().message;
+    });
+    EXPECT_EQ(said, "vthe store '" + folder.file("s.db")
+                        + "' is damaged and cannot be renamed (Permission denied); move it away; until then values "
+                          "last in memory only");
+    EXPECT_EQ(contentOf(folder.file("s.db")), "junk");
+}
+
+TEST(DamagedStore, IsSetAsideOnceBySeveralProcesses) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("s.db", "junk");
+    std::vector<std::unique_ptr<Child>> children;
+    for (int i = 0; i < 6; ++i) {
+        children.push_back(std::make_unique<Child>([&path, i](const Child::Say& say) {
+            MorrStandard store({.path = path});
+            store.put("v", std::to_string(i));
+            say("put");
+        }));
+    }
+    for (const auto& child : children) EXPECT_TRUE(child->finish());
+    EXPECT_EQ(setAsideIn(folder.path()).size(), 1U);
+    EXPECT_EQ(MorrStandard({.path = path}).all().size(), 6U);
+}
+
+}  // namespace
+}  // namespace quorin::morr

@@ -1,0 +1,40 @@
+#include "Command.hpp"
+#include "Source.hpp"
+
+#include "quorin/platform/json/Builder.hpp"
+
+namespace quorin::tool {
+namespace {
+
+json::Value valueOf(const StringMap& map) {
+    json::Builder builder;
+    const std::size_t begun = builder.begin();
+    for (const auto& [name, value] : map) {
+        builder.name(name);
+        builder.string(value);
+    }
+    builder.endObject(begun);
+    return builder.finish();
+}
+
+}  // namespace
+
+void addHeaders(CLI::App& program, Action& chosen) {
+    CLI::App& headers = command(program, "headers", "Print the default headers, after loading SOURCE if it is given",
+                                "quorin headers config.json --brand orvel");
+    const auto source = std::make_shared<Source>();
+    source->addTo(headers, false, false);
+    headers.callback([source, &headers, &chosen] {
+        const bool loads = headers.count("SOURCE") > 0;
+        chosen = [source, loads](Session& session) -> Outcome {
+            if (loads) {
+                const auto loaded = source->load(session);
+                if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
+            }
+            session.output.json(valueOf(session.manager().defaultHeaders()));
+            return {};
+        };
+    });
+}
+
+}  // namespace quorin::tool

@@ -1,0 +1,45 @@
+#include "Nearest.hpp"
+
+#include "quorin/platform/foundation/RawValues.hpp"
+
+#include <algorithm>
+#include <numeric>
+
+namespace quorin::tool {
+namespace {
+
+/// How many letters must be added, taken away or exchanged to make one of the other, whatever their case.
+std::size_t distance(std::string_view left, std::string_view right) {
+    std::vector<std::size_t> row(right.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char c : left) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < right.size(); ++j) {
+            const bool same = rawvalues::lower(c) == rawvalues::lower(right[j]);
+            const std::size_t exchanged = diagonal + (same ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({exchanged, diagonal + 1, row[j] + 1});
+        }
+    }
+    return row.back();
+}
+
+std::string joined(const std::vector<std::string_view>& texts) {
+    std::string line;
+    for (const std::string_view text : texts) (line += line.empty() ? "" : ", ") += text;
+    return line;
+}
+
+}  // namespace
+
+std::string nearest(std::string_view text, const std::vector<std::string_view>& known) {
+    constexpr std::size_t longest = 64;
+    std::vector<std::string_view> near;
+    for (const std::string_view candidate : known) {
+        const std::size_t limit = candidate.size() <= 3 ? 1 : 2;
+        if (text.size() <= longest && distance(text, candidate) <= limit) near.push_back(candidate);
+    }
+    return joined(near.empty() ? known : near);
+}
+
+}  // namespace quorin::tool

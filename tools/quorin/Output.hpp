@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Failure.hpp"
+
+#include "quorin/platform/json/Print.hpp"
+#include "quorin/platform/json/Value.hpp"
+
+#include <string>
+#include <string_view>
+
+/// What the program writes: results to standard output, everything else to standard error.
+namespace quorin::tool {
+
+enum class ErrorForm { text, json };
+
+class Output {
+public:
+    json::Layout layout = json::Layout::indented;
+    ErrorForm errorForm = ErrorForm::text;
+
+    /// The canonical text of `value` and a newline.
+    void json(const json::Value& value);
+
+    /// The text of a result as it stands.
+    void text(std::string_view text);
+
+    /// `text` and a newline, without control characters.
+    void line(std::string_view text);
+
+    void warn(std::string_view message);
+
+    /// The one line that ends a failed command.
+    void fail(const Failure& failure) const;
+
+    /// Whether all of the result reached standard output.
+    bool flush();
+
+private:
+    bool written_ = true;
+};
+
+/// `text` in well-formed UTF-8, each control character of it as "\u00xx".
+std::string withoutControls(std::string_view text);
+
+}  // namespace quorin::tool

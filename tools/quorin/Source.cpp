@@ -1,0 +1,97 @@
+#include "Source.hpp"
+
+#include "Nearest.hpp"
+
+#include "quorin/platform/foundation/File.hpp"
+#include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/foundation/SHA256.hpp"
+#include "quorin/platform/json/Parse.hpp"
+#include "quorin/platform/json/UTF8.hpp"
+#include "quorin/platform/ombrith/Oops.hpp"
+#include "quorin/platform/rx/Wait.hpp"
+
+#include <utility>
+
+namespace quorin::tool {
+namespace {
+
+bool isURL(std::string_view name) {
+    const auto begins = [&](std::string_view scheme) {
+        return rawvalues::sameFolded(name.substr(0, scheme.size()), scheme);
+    };
+    return begins("http://") || begins("https://");
+}
+
+/// The machine's identifier is a secret of the machine: only a digest of it leaves.
+std::string deviceOfMachine() {
+    for (const char* const path : {"/etc/machine-id", "/var/lib/dbus/machine-id"}) {
+        const auto read = foundation::readFile(path);
+        const std::string identifier = read.bytes.substr(0, read.bytes.find('\n'));
+        if (!identifier.empty()) return foundation::sha256Hex("quorin device " + identifier).substr(0, 32);
+    }
+    return "unknown-device";
+}
+
+std::optional<Brand> brandOf(const std::optional<std::string>& text, Output& output) {
+    if (!text) return std::nullopt;
+    const Brand brand = Brand::fromRaw(*text);
+    if (brand == Brand::unknown && *text != brand.rawValue())
+        output.warn("\"" + *text + "\" names no brand and loads as unknown; spellings near it: "
+                    + nearest(*text, Brand::spellings()));
+    return brand;
+}
+
+/// What is wrong with a file that did not load, in more words than the library's record has.
+std::string whatIsWrong(const std::string& name, const rx::Error& error) {
+    if (name == "-") return error.description();
+    const auto read = foundation::readFile(name);
+    if (!read) return read.failure.message() + "; name a file that can be read";
+    const auto parsed = json::parse(read.bytes);
+    if (const auto* broken = parsed.error())
+        return "not JSON at line " + std::to_string(broken->position.line) + ", column "
+               + std::to_string(broken->position.column) + ": " + broken->message + "; mend the document there";
+    return "a JSON " + std::string(nameOf(parsed.value()->kind())) + ", but a configuration is a JSON object";
+}
+
+}  // namespace
+
+void Source::addTo(CLI::App& command, bool required, bool withDevice) {
+    const auto isUTF8URL = [](const std::string& given) {
+        return isURL(given) && !json::isUTF8(given) ? std::string("is not UTF-8 text") : std::string();
+    };
+    command.add_option("SOURCE", name, "An http or https URL, or the path of a file; - is standard input")
+        ->required(required)
+        ->check(CLI::Validator(isUTF8URL, ""));
+    optionalText(command, "--brand", brand, "The brand, in any accepted spelling")
+        .type_name("TEXT")
+        ->check(text());
+    if (withDevice)
+        optionalText(command, "--device", device, "The device identifier (one of this machine by default)")
+            .type_name("ID")
+            ->check(text());
+    command.add_option("--version", version, "The configuration's version")
+        ->type_name("V")
+        ->check(text())
+        ->capture_default_str();
+}
+
+std::variant<ConfigurationPointer, Failure> Source::load(Session& session, std::shared_ptr<ReadReport> report) const {
+    const LoadArguments arguments{.deviceID = device ? *device : deviceOfMachine(),
+                                  .brand = brandOf(brand, session.output),
+                                  .version = version,
+                                  .report = std::move(report)};
+    auto& manager = session.manager();
+    const auto loaded = rx::wait(isURL(name) ? manager.initialize(name, arguments)
+                                             : manager.initialize(PathURL{pathOf(name)}, arguments));
+    if (loaded) return *loaded;
+    Failure failure = Failure::of(loaded.error(), "cannot load " + (isURL(name) ? "the URL" : calledFile(name)));
+    if (!isURL(name))
+        failure.message = "cannot load " + calledFile(name) + ": " + whatIsWrong(name, loaded.error());
+    return failure;
+}
+
+std::string pathOf(const std::string& name) { return name == "-" ? "/dev/stdin" : name; }
+
+std::string calledFile(const std::string& name) { return name == "-" ? "standard input" : name; }
+
+}  // namespace quorin::tool

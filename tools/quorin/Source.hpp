@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Command.hpp"
+
+#include "quorin/core/LoadArguments.hpp"
+#include "quorin/platform/rx/Result.hpp"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace quorin::tool {
+
+using ConfigurationPointer = ConfigurationManager::Instance::ConfigurationPointer;
+
+/// Where a configuration comes from and for whom, as the arguments say.
+struct Source {
+    std::string name{};  ///< a URL, a path, or "-" for standard input
+    std::optional<std::string> brand{};
+    std::optional<std::string> device{};
+    std::string version = "1.0.0";
+
+    /// Adds the arguments; `withDevice` adds `--device` too.
+    void addTo(CLI::App& command, bool required, bool withDevice);
+
+    /// Loads it into the session's manager; what was not taken goes to `report`, if one is given.
+    std::variant<ConfigurationPointer, Failure> load(Session& session, std::shared_ptr<ReadReport> report = {}) const;
+};
+
+/// The path at which a file named on the command line is read.
+std::string pathOf(const std::string& name);
+
+/// How a file is called in a message.
+std::string calledFile(const std::string& name);
+
+}  // namespace quorin::tool
