@@ -41,11 +41,11 @@ int main(int argc, char** argv) {
     }
 
     // 4. Use it. Absence is an answer, not an error.
-    if (const auto features = ConfigurationManager::features())
-        std::printf("%zu features\n", features->size());
+    if (const auto features = ConfigurationManager::features()) std::printf("%zu features\n", features->size());
     if (const auto services = ConfigurationManager::webServices()) {
         for (const auto& [name, service] : *services)
-            std::printf("%s: %s %s\n", name.c_str(), std::string(service.method.rawValue()).c_str(), service.url.c_str());
+            std::printf("%s: %s %s\n", name.c_str(), std::string(service.method.rawValue()).c_str(),
+                        service.url.c_str());
     }
     manager.setChildProfileID("p-kids");
     for (const auto& [name, value] : manager.defaultHeaders()) std::printf("%s: %s\n", name.c_str(), value.c_str());

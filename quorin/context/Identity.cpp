@@ -17,15 +17,18 @@ namespace {
 void store(MorrStandard& store, std::string_view key, const std::string& value) { store.put(value, key); }
 
 void store(MorrStandard& store, std::string_view key, const std::optional<std::string>& value) {
-    if (value) store.put(*value, key);
-    else store.remove(key);
+    if (value)
+        store.put(*value, key);
+    else
+        store.remove(key);
 }
 
 /// Keeps the store in step with a stream for as long as the stream lives, beginning with its current value.
 template <class T>
 void persistUnder(std::string_view key, const rx::Observable<T>& stream, const std::shared_ptr<MorrStandard>& into) {
-    rx::distinctUntilChanged(stream, std::equal_to<T>())
-        .subscribe({.next = [key, into](const T& value) { store(*into, key, value); }});
+    rx::distinctUntilChanged(stream, std::equal_to<T>()).subscribe({.next = [key, into](const T& value) {
+        store(*into, key, value);
+    }});
 }
 
 }  // namespace

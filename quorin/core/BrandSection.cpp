@@ -48,8 +48,7 @@ ReadReport BrandSection::reportOfDocument(ReadReport report) const {
     ReadReport whole;
     whole.omitted = report.omitted;
     for (Finding& finding : report.findings) {
-        if (!takesServices || !leadsInto(finding.pointer, services))
-            finding.pointer.insert(0, pointerTo(name));
+        if (!takesServices || !leadsInto(finding.pointer, services)) finding.pointer.insert(0, pointerTo(name));
         whole.add(std::move(finding));
     }
     const auto notAsked = [&](std::string pointer, const Value& value) {

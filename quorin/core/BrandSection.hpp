@@ -12,9 +12,9 @@ namespace quorin {
 /// The part of a document that holds one brand's configuration.
 struct BrandSection {
     DocumentMap map{};
-    std::string_view name{};       ///< the member under which it stands; empty for the whole document
-    bool takesServices = false;    ///< its web services are those of the document's root
-    DocumentMap document{};        ///< what it is a part of
+    std::string_view name{};     ///< the member under which it stands; empty for the whole document
+    bool takesServices = false;  ///< its web services are those of the document's root
+    DocumentMap document{};      ///< what it is a part of
 
     /// The object under the brand's raw value, with the web services of the root in place of its own where the root has
     /// any. The whole document where no brand is given, or it has no such object.

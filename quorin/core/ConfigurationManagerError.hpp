@@ -44,9 +44,13 @@ public:
     static constexpr std::string_view errorName = "QuorinConfigManager.ConfigurationManagerError";
     std::string description() const { return std::string(rawValue()); }
 
-    static constexpr std::array<std::string_view, 7> rawValues{
-        "invalidConfigurationParams", "invalidConfigurationResponse", "initializationError", "notInitialized",
-        "invalidBrand",               "invalidParams",                "unsupportedMethod"};
+    static constexpr std::array<std::string_view, 7> rawValues{"invalidConfigurationParams",
+                                                               "invalidConfigurationResponse",
+                                                               "initializationError",
+                                                               "notInitialized",
+                                                               "invalidBrand",
+                                                               "invalidParams",
+                                                               "unsupportedMethod"};
 
 private:
     Case case_;

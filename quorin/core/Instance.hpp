@@ -36,12 +36,12 @@ public:
     /// leaves it as it is. Delivered on the request library's thread.
     rx::Observable<ConfigurationPointer> initialize(const std::string& url, LoadArguments arguments) const;
 
-    /// Loads the configuration from a file, at once, before it returns; the stream delivers what came of it, which is an
-    /// `Oops` record when there is no such file, or no JSON object in it.
+    /// Loads the configuration from a file, at once, before it returns; the stream delivers what came of it, which is
+    /// an `Oops` record when there is no such file, or no JSON object in it.
     rx::Observable<ConfigurationPointer> initialize(const PathURL& file, const LoadArguments& arguments) const;
 
-    /// The brand's section of a document, with the web services of the document's root in place of its own; the document
-    /// itself where no brand is given, or it has no section of that brand.
+    /// The brand's section of a document, with the web services of the document's root in place of its own; the
+    /// document itself where no brand is given, or it has no section of that brand.
     static DocumentMap config(const DocumentMap& json, std::optional<Brand> brand);
 
     /// The account identifier. An assignment is stored before it returns; absent removes it from the store.

@@ -7,14 +7,10 @@ namespace quorin {
 const KeyTable& AnalyticSuite::keyTable() {
     using table::field;
     static constexpr table::Row rows[] = {
-        field<&AnalyticSuite::account>(Keys::account),
-        field<&AnalyticSuite::id>(Keys::id),
-        field<&AnalyticSuite::logEvents>(Keys::logEvents),
-        field<&AnalyticSuite::logLevel>(Keys::logLevel),
-        field<&AnalyticSuite::server>(Keys::server),
-        field<&AnalyticSuite::sfCode>(Keys::sfCode),
-        field<&AnalyticSuite::timeout>(Keys::timeout),
-        field<&AnalyticSuite::enabled>(Keys::enabled),
+        field<&AnalyticSuite::account>(Keys::account),     field<&AnalyticSuite::id>(Keys::id),
+        field<&AnalyticSuite::logEvents>(Keys::logEvents), field<&AnalyticSuite::logLevel>(Keys::logLevel),
+        field<&AnalyticSuite::server>(Keys::server),       field<&AnalyticSuite::sfCode>(Keys::sfCode),
+        field<&AnalyticSuite::timeout>(Keys::timeout),     field<&AnalyticSuite::enabled>(Keys::enabled),
     };
     static constexpr KeyTable keys = table::of<AnalyticSuite>("AnalyticSuite", rows);
     return keys;

@@ -28,7 +28,7 @@ struct ConfigLayout {
 
     static std::optional<ConfigLayout> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<ConfigLayout> fromJSON(const DocumentMap& json, std::string_view id,
-                                            ReadReport* report = nullptr);
+                                                ReadReport* report = nullptr);
     static std::optional<ConfigLayout> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;
     bool operator==(const ConfigLayout&) const = default;

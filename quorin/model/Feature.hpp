@@ -21,7 +21,7 @@ struct Feature {
     /// Empty when the object has no members.
     static std::optional<Feature> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Feature> fromJSON(const DocumentMap& json, std::string_view name,
-                                            ReadReport* report = nullptr);
+                                           ReadReport* report = nullptr);
     static std::optional<Feature> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;
     bool operator==(const Feature&) const = default;

@@ -20,8 +20,7 @@ const KeyTable& WebService::keyTable() {
 }
 
 StringMap WebService::headers() const {
-    StringMap headers{
-        {std::string(WebServiceHeaders::contentType), std::string(contentTypeHeader.rawValue())}};
+    StringMap headers{{std::string(WebServiceHeaders::contentType), std::string(contentTypeHeader.rawValue())}};
     if (acceptHeader) headers.emplace(WebServiceHeaders::accept, acceptHeader->rawValue());
     return headers;
 }

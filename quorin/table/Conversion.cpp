@@ -2,9 +2,7 @@
 
 namespace quorin::table {
 
-bool isObject(const Node& value, const Reading& at) {
-    return value.kind == Kind::object || at.reject("object", value);
-}
+bool isObject(const Node& value, const Reading& at) { return value.kind == Kind::object || at.reject("object", value); }
 
 bool isListOfObjects(const Node& value, const Reading& at) {
     if (value.kind != Kind::list) return at.reject("list of objects", value);

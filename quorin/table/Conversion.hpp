@@ -16,8 +16,8 @@ namespace quorin::table {
 using json::Builder;
 using json::Kind;
 
-/// How one field type stands in a document: `shape` is its name in reports, `read` is empty (and has told `at`) when the
-/// value is of another shape, `write` never fails. Models gain a field type by one more specialisation.
+/// How one field type stands in a document: `shape` is its name in reports, `read` is empty (and has told `at`) when
+/// the value is of another shape, `write` never fails. Models gain a field type by one more specialisation.
 template <class T>
 struct Conversion;
 

@@ -39,7 +39,7 @@ template <class T>
 struct Inner<MapOf<T>> : Inner<T> {};
 
 template <auto Member, class Converted>
-bool store(Converted&& converted, void* model) {
+bool store(Converted converted, void* model) {
     if (!converted) return false;
     static_cast<typename MemberOf<decltype(Member)>::Record*>(model)->*Member = *std::move(converted);
     return true;
@@ -108,8 +108,10 @@ struct AnyMember {
 /// How many data members a record has.
 template <class Record, class... Members>
 consteval std::size_t memberCount() {
-    if constexpr (requires { Record{Members{}..., AnyMember{}}; }) return memberCount<Record, Members..., AnyMember>();
-    else return sizeof...(Members);
+    if constexpr (requires { Record{Members{}..., AnyMember{}}; })
+        return memberCount<Record, Members..., AnyMember>();
+    else
+        return sizeof...(Members);
 }
 
 /// Whether no key and no member has two rows.

@@ -76,7 +76,8 @@ void tellNotAsked(const KeyTable& table, const Node& map, const Reading& at) {
         const Reading here = at.member(step, name, Role::field);
         const auto asks = [&](const Row& row) { return asksFor(row, at.form(), name); };
         const auto asking = std::find_if(table.rows.begin(), table.rows.end(), asks);
-        if (asking == table.rows.end()) here.notAsked(value);
+        if (asking == table.rows.end())
+            here.notAsked(value);
         else if (at.form() == Form::document && !asking->outer.empty() && value.kind == json::Kind::object)
             tellInsideNotAsked(table, name, value, here);
     }

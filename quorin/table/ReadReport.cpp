@@ -26,9 +26,12 @@ std::string_view nameOf(Cost cost) {
 }
 
 void ReadReport::add(Finding finding) {
+    if (!findings.empty() && findings.back() == finding) return;
     bytes_ += finding.pointer.size();
-    if (findings.size() >= mostFindings || bytes_ > mostBytes) ++omitted;
-    else findings.push_back(std::move(finding));
+    if (findings.size() >= mostFindings || bytes_ > mostBytes)
+        ++omitted;
+    else
+        findings.push_back(std::move(finding));
 }
 
 }  // namespace quorin

@@ -43,7 +43,7 @@ struct ReadReport {
     std::vector<Finding> findings{};
     std::size_t omitted = 0;  ///< findings beyond what a report holds: 10,000 of them, or pointers of 4 MiB
 
-    /// Adds a finding, or counts it as omitted.
+    /// Adds a finding, or counts it as omitted. What two fields in a row tell alike is told once.
     void add(Finding finding);
 
     bool operator==(const ReadReport&) const = default;

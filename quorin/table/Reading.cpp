@@ -13,8 +13,10 @@ std::string pointerTo(const Trail& trail) {
     for (const Trail* step = &trail; step->outer; step = step->outer) steps.push_back(step);
     std::string pointer;
     std::for_each(steps.rbegin(), steps.rend(), [&](const Trail* step) {
-        if (step->key.data()) json::appendStep(pointer, step->key);
-        else json::appendStep(pointer, std::to_string(step->index));
+        if (step->key.data())
+            json::appendStep(pointer, step->key);
+        else
+            json::appendStep(pointer, std::to_string(step->index));
     });
     return pointer;
 }

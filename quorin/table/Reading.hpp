@@ -30,8 +30,8 @@ enum class Role : std::uint8_t {
     mapPart,    ///< takes the whole map with it
 };
 
-/// One step of the way from the top of a document to a value. The steps form a chain on the stack, which is spelt out as
-/// a JSON Pointer only when there is something to tell.
+/// One step of the way from the top of a document to a value. The steps form a chain on the stack, which is spelt out
+/// as a JSON Pointer only when there is something to tell.
 struct Trail {
     const Trail* outer;
     std::string_view key;

@@ -28,7 +28,8 @@ void write(const fs::path& file, std::string_view text) { std::ofstream(file, st
 
 std::string tlsServer(const std::string& name, int port, const std::string& down) {
     return "server { listen 127.0.0.1:" + std::to_string(port) + " ssl http2; ssl_certificate " + name
-           + ".pem; ssl_certificate_key " + name + ".key; location = /down { return 302 " + down + "; } }\n";
+           + ".pem; ssl_certificate_key " + name
+           + ".key; add_header X-Protocol $server_protocol always; location = /down { return 302 " + down + "; } }\n";
 }
 
 }  // namespace
@@ -75,7 +76,7 @@ void Nginx::writeFiles() const {
 }
 
 std::string Nginx::configuration() const {
-    std::string text = R"(daemon off; master_process off; pid nginx.pid; error_log error.log;
+    std::string text = R"(daemon off; user root; worker_processes 1; pid nginx.pid; error_log error.log;
 events { worker_connections 256; }
 http {
     access_log off; root html; types { application/json json; } client_body_temp_path body; proxy_temp_path proxy;
@@ -95,7 +96,7 @@ http {
 }
 
 /// nginx takes over sockets that listen already, as after an upgrade of itself: so no port can be lost to another
-/// program, and connections wait until it is up.
+/// program, and connections wait until it is up. (It crashes on them without a master process.)
 void Nginx::start() {
     const std::string nginx = binary();
     const std::string prefix = folder_.string() + "/";
@@ -106,7 +107,7 @@ void Nginx::start() {
     const pid_t parent = getpid();
     process_ = fork();
     if (process_ != 0) return;
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
     if (getppid() != parent) _exit(1);
     for (const auto& [host, listener] : listeners_) fcntl(listener.socket, F_SETFD, 0);
     execle(nginx.c_str(), nginx.c_str(), "-p", prefix.c_str(), "-c", "nginx.conf", "-e", "error.log", nullptr,

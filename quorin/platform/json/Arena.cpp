@@ -1,7 +1,6 @@
 #include "quorin/platform/json/Arena.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <new>
 
 namespace quorin::json {
@@ -43,21 +42,6 @@ void Arena::addBlock(std::size_t atLeast) {
     front_ = memory + sizeof(Block);
     back_ = front_ + room;
     next_ = std::min(room * 2, std::max(largestStep, next_));
-}
-
-Node* Arena::nodes(std::size_t count, std::size_t bytes) {
-    const std::size_t whole = count * sizeof(Node) + (bytes + sizeof(Node) - 1) / sizeof(Node) * sizeof(Node);
-    if (static_cast<std::size_t>(back_ - front_) < whole) addBlock(whole);
-    back_ -= whole;
-    return reinterpret_cast<Node*>(back_);
-}
-
-const char* Arena::text(std::string_view text) {
-    if (static_cast<std::size_t>(back_ - front_) < text.size()) addBlock(text.size());
-    char* const place = front_;
-    if (!text.empty()) std::memcpy(place, text.data(), text.size());
-    front_ += text.size();
-    return place;
 }
 
 }  // namespace quorin::json

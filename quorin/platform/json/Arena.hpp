@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -27,6 +28,7 @@ public:
     ~ArenaPointer();
 
     Arena* operator->() const { return arena_; }
+    Arena& operator*() const { return *arena_; }
     explicit operator bool() const { return arena_ != nullptr; }
 
 private:
@@ -46,10 +48,21 @@ public:
     Arena& operator=(const Arena&) = delete;
 
     /// Room for `count` nodes and behind them `bytes` more, aligned for both.
-    Node* nodes(std::size_t count, std::size_t bytes = 0);
+    Node* nodes(std::size_t count, std::size_t bytes = 0) {
+        const std::size_t whole = count * sizeof(Node) + (bytes + sizeof(Node) - 1) / sizeof(Node) * sizeof(Node);
+        if (static_cast<std::size_t>(back_ - front_) < whole) addBlock(whole);
+        back_ -= whole;
+        return reinterpret_cast<Node*>(back_);
+    }
 
     /// A copy of `text`.
-    const char* text(std::string_view text);
+    const char* text(std::string_view text) {
+        if (static_cast<std::size_t>(back_ - front_) < text.size()) addBlock(text.size());
+        char* const place = front_;
+        if (!text.empty()) std::memcpy(place, text.data(), text.size());
+        front_ += text.size();
+        return place;
+    }
 
     /// Keeps two other arenas, in which some of the nodes' contents stand, as long as this one.
     void keep(ArenaPointer first, ArenaPointer second) { kept_ = {std::move(first), std::move(second)}; }

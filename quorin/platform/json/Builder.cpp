@@ -1,8 +1,9 @@
 #include "quorin/platform/json/Builder.hpp"
 
+#include "quorin/platform/json/Members.hpp"
+
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
@@ -13,24 +14,6 @@ namespace {
 std::uint32_t counted(std::size_t size) {
     if (size > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
     return static_cast<std::uint32_t>(size);
-}
-
-/// One bit for a name, so that a set of different names is most often known to be one without comparing them.
-std::uint64_t markOf(std::string_view name) {
-    if (name.empty()) return 1;
-    const auto at = [&](std::size_t i) { return static_cast<unsigned char>(name[i]); };
-    const std::size_t mixed = name.size() * 7 + at(0) * 5U + at(name.size() - 1) * 3U + at(name.size() / 2);
-    return std::uint64_t{1} << (mixed & 63U);
-}
-
-bool mayHoldDoubles(const Node* members, std::size_t count) {
-    std::uint64_t seen = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::uint64_t mark = markOf(members[2 * i].string());
-        if (seen & mark) return true;
-        seen |= mark;
-    }
-    return false;
 }
 
 }  // namespace
@@ -90,12 +73,11 @@ void Builder::endList(std::size_t begun) {
 }
 
 void Builder::endObject(std::size_t begun) {
-    const std::size_t count = withoutDoubles(begun);
-    const bool indexed = count > Node::indexedFrom;
-    Node* const items = arena_->nodes(2 * count, indexed ? count * sizeof(std::uint32_t) : 0);
-    std::uninitialized_copy_n(open_.data() + begun, 2 * count, items);
-    if (indexed) std::memcpy(static_cast<void*>(items + 2 * count), index_.data(), count * sizeof(std::uint32_t));
-    close(Kind::object, begun, items, count);
+    const std::size_t nodes = open_.size() - begun;
+    const std::uint32_t count = counted(nodes / 2);
+    Node* const items = arena_->nodes(nodes, indexBytes(count));
+    std::uninitialized_copy_n(open_.data() + begun, nodes, items);
+    close(Kind::object, begun, items, settleMembers(items, count));
 }
 
 void Builder::close(Kind kind, std::size_t begun, const Node* items, std::size_t size) {
@@ -107,44 +89,6 @@ void Builder::close(Kind kind, std::size_t begun, const Node* items, std::size_t
     node.height = static_cast<std::uint16_t>(height + 1);
     node.size = counted(size);
     node.items = items;
-}
-
-/// Takes out members that a later one of the same name replaces, leaves `index_` sorted where the object needs it, and
-/// yields how many members there are.
-std::size_t Builder::withoutDoubles(std::size_t begun) {
-    Node* const members = open_.data() + begun;
-    const std::size_t count = (open_.size() - begun) / 2;
-    const bool indexed = count > Node::indexedFrom;
-    if (!indexed && !mayHoldDoubles(members, count)) return count;
-
-    const auto nameOfMember = [&](std::uint32_t member) { return members[std::size_t{2} * member].string(); };
-    const auto sortIndex = [&](std::size_t size) {
-        index_.resize(size);
-        for (std::uint32_t i = 0; i < size; ++i) index_[i] = i;
-        std::sort(index_.begin(), index_.end(), [&](std::uint32_t left, std::uint32_t right) {
-            const int order = nameOfMember(left).compare(nameOfMember(right));
-            return order != 0 ? order < 0 : left < right;
-        });
-    };
-    sortIndex(count);
-    std::vector<bool> replaced;
-    for (std::size_t i = 1; i < count; ++i) {
-        if (nameOfMember(index_[i - 1]) != nameOfMember(index_[i])) continue;
-        replaced.resize(count);
-        replaced[index_[i - 1]] = true;
-    }
-    if (replaced.empty()) return count;
-
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (replaced[i]) continue;
-        members[2 * kept] = members[2 * i];
-        members[2 * kept + 1] = members[2 * i + 1];
-        ++kept;
-    }
-    open_.resize(begun + 2 * kept);
-    sortIndex(kept);
-    return kept;
 }
 
 Value Builder::finish() { return Value(open_.back(), std::move(arena_)); }

@@ -42,11 +42,9 @@ public:
 private:
     Node& push(Kind kind);
     void close(Kind kind, std::size_t begun, const Node* items, std::size_t size);
-    std::size_t withoutDoubles(std::size_t begun);
 
     ArenaPointer arena_;
     std::vector<Node> open_;  ///< values whose list or object has not ended yet
-    std::vector<std::uint32_t> index_;
 };
 
 }  // namespace quorin::json

@@ -16,7 +16,9 @@ const Node* findByScan(const Node& object, std::string_view name) {
 
 const Node* findByIndex(const Node& object, std::string_view name) {
     const std::uint32_t* const end = object.index() + object.size;
-    const auto before = [&](std::uint32_t member, std::string_view text) { return object.name(member).string() < text; };
+    const auto before = [&](std::uint32_t member, std::string_view text) {
+        return object.name(member).string() < text;
+    };
     const std::uint32_t* const found = std::lower_bound(object.index(), end, name, before);
     return found != end && object.name(*found).string() == name ? &object.value(*found) : nullptr;
 }

@@ -1,11 +1,16 @@
 #include "quorin/platform/json/Parse.hpp"
 
-#include "quorin/platform/json/Builder.hpp"
+#include "quorin/platform/json/Members.hpp"
 #include "quorin/platform/json/StrictParse.hpp"
+#include "quorin/platform/json/UTF8.hpp"
 
 #include <simdjson.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
+#include <new>
+#include <utility>
 
 namespace quorin::json {
 namespace {
@@ -13,49 +18,98 @@ namespace {
 using simdjson::dom::element;
 using simdjson::dom::element_type;
 
-/// Lays the parser's tree into a builder's arena.
+/// Lays the parser's tree into an arena, from the top down: the sizes of lists and objects are known before their
+/// items.
 class Laying {
 public:
-    explicit Laying(Builder& builder) : builder_(builder) {}
+    explicit Laying(Arena& arena) : arena_(arena) {}
 
     /// False when the nesting is too deep.
-    bool lay(element value, std::size_t depth) {
+    bool lay(element value, Node& into) {
         switch (value.type()) {
-            case element_type::NULL_VALUE: builder_.null(); break;
-            case element_type::BOOL: builder_.boolean(value.get_bool().value_unsafe()); break;
-            case element_type::INT64: builder_.integer(value.get_int64().value_unsafe()); break;
-            case element_type::UINT64: builder_.unsignedInteger(value.get_uint64().value_unsafe()); break;
-            case element_type::DOUBLE: builder_.real(value.get_double().value_unsafe()); break;
-            case element_type::STRING: builder_.string(value.get_string().value_unsafe()); break;
-            case element_type::ARRAY: return layList(value.get_array().value_unsafe(), depth + 1);
-            case element_type::OBJECT: return layObject(value.get_object().value_unsafe(), depth + 1);
+            case element_type::NULL_VALUE: break;
+            case element_type::BOOL:
+                into.kind = Kind::boolean;
+                into.boolean = value.get_bool().value_unsafe();
+                break;
+            case element_type::INT64:
+                into.kind = Kind::integer;
+                into.integer = value.get_int64().value_unsafe();
+                break;
+            case element_type::UINT64:
+                into.kind = Kind::unsignedInteger;
+                into.unsignedInteger = value.get_uint64().value_unsafe();
+                break;
+            case element_type::DOUBLE:
+                into.kind = Kind::real;
+                into.real = value.get_double().value_unsafe();
+                break;
+            case element_type::STRING: layText(value.get_string().value_unsafe(), into); break;
+            case element_type::ARRAY: return layList(value.get_array().value_unsafe(), into);
+            case element_type::OBJECT: return layObject(value.get_object().value_unsafe(), into);
         }
         return true;
     }
 
 private:
-    bool layList(simdjson::dom::array list, std::size_t depth) {
-        if (depth > deepestNesting) return false;
-        const std::size_t begun = builder_.begin();
+    void layText(std::string_view text, Node& into) {
+        into.kind = Kind::string;
+        into.size = static_cast<std::uint32_t>(text.size());
+        into.text = arena_.text(text);
+    }
+
+    bool layList(simdjson::dom::array list, Node& into) {
+        const std::uint32_t count = sizeOf(list);
+        Node* const items = arena_.nodes(count);
+        if (!open(into, Kind::list, items)) return false;
         for (const element item : list) {
-            if (!lay(item, depth)) return false;
+            if (!lay(item, *new (items + into.size++) Node)) return false;
+            raise(into, items[into.size - 1]);
         }
-        builder_.endList(begun);
+        return close();
+    }
+
+    bool layObject(simdjson::dom::object object, Node& into) {
+        const std::uint32_t count = sizeOf(object);
+        Node* const items = arena_.nodes(std::size_t{2} * count, indexBytes(count));
+        if (!open(into, Kind::object, items)) return false;
+        Node* next = items;
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            layText(member.key(), *new (next++) Node);
+            if (!lay(member.value(), *new (next++) Node)) return false;
+            raise(into, next[-1]);
+        }
+        into.size = settleMembers(items, count);
+        return close();
+    }
+
+    bool open(Node& into, Kind kind, const Node* items) {
+        into.kind = kind;
+        into.height = 1;
+        into.items = items;
+        return ++depth_ <= deepestNesting;
+    }
+
+    bool close() {
+        --depth_;
         return true;
     }
 
-    bool layObject(simdjson::dom::object object, std::size_t depth) {
-        if (depth > deepestNesting) return false;
-        const std::size_t begun = builder_.begin();
-        for (const auto [name, value] : object) {
-            builder_.name(name);
-            if (!lay(value, depth)) return false;
-        }
-        builder_.endObject(begun);
-        return true;
+    static void raise(Node& around, const Node& inner) {
+        around.height = std::max(around.height, static_cast<std::uint16_t>(inner.height + 1));
     }
 
-    Builder& builder_;
+    /// The parser's own count ends at 2^24 - 1.
+    template <class Container>
+    static std::uint32_t sizeOf(const Container& container) {
+        constexpr std::size_t saturated = 0xFFFFFF;
+        const std::size_t size = container.size();
+        if (size < saturated) return static_cast<std::uint32_t>(size);
+        return static_cast<std::uint32_t>(std::distance(container.begin(), container.end()));
+    }
+
+    Arena& arena_;
+    std::size_t depth_ = 0;
 };
 
 /// Parsers are dear to make and keep memory for the largest text they have read: each thread has one of its own, and
@@ -78,19 +132,23 @@ private:
     std::unique_ptr<simdjson::dom::parser> parser_;
 };
 
+std::optional<Value> laid(element root, std::size_t textSize) {
+    ArenaPointer arena = ArenaPointer::make(2 * textSize);
+    Node top;
+    if (!Laying(*arena).lay(root, top)) return std::nullopt;
+    return Value(top, std::move(arena));
+}
+
 std::optional<Value> parseFast(std::string_view text, bool padded) {
     thread_local ThreadParser threadParser;
     std::optional<Value> value;
     element root;
     if (threadParser.get().parse(text.data(), text.size(), !padded).get(root) == simdjson::SUCCESS) {
-        Builder builder(text.size() + text.size() / 4);
-        if (Laying(builder).lay(root, 0)) value = builder.finish();
+        value = laid(root, text.size());
     }
     threadParser.rest();
     return value;
 }
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 

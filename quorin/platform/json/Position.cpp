@@ -2,6 +2,7 @@
 
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/Pointer.hpp"
+#include "quorin/platform/json/UTF8.hpp"
 
 #include <algorithm>
 #include <map>
@@ -12,8 +13,17 @@ namespace {
 
 /// The pointers as a tree of their steps, so that the pass over the text descends only where one of them leads.
 struct Step {
-    std::map<std::string, Step, std::less<>> next;
-    std::optional<std::size_t> offset;
+    const Step* outer = nullptr;
+    std::map<std::string, Step, std::less<>> next{};
+    std::optional<std::size_t> offset{};
+
+    /// False also for what stood only in a member that a later one of the same name replaces, which begins behind it.
+    bool exists() const {
+        for (const Step* step = this; step->outer; step = step->outer) {
+            if (!step->offset || *step->offset < *step->outer->offset) return false;
+        }
+        return true;
+    }
 };
 
 /// Goes over a text that is known to parse.
@@ -25,10 +35,14 @@ public:
         skipBlanks();
         if (step) step->offset = at_;
         if (step && step->next.empty()) step = nullptr;
-        if (peek() == '{') members(step);
-        else if (peek() == '[') elements(step);
-        else if (peek() == '"') skipString();
-        else skipPlain();
+        if (peek() == '{')
+            members(step);
+        else if (peek() == '[')
+            elements(step);
+        else if (peek() == '"')
+            skipString();
+        else
+            skipPlain();
     }
 
 private:
@@ -93,31 +107,38 @@ private:
 
 Position moved(Position from, std::string_view over) {
     for (const char c : over) {
-        if (c == '\n') from = {from.line + 1, 1};
-        else if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++from.column;
+        if (c == '\n')
+            from = {from.line + 1, 1};
+        else if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U)
+            ++from.column;
     }
     return from;
 }
 
+std::string_view withoutMark(std::string_view text) {
+    return text.substr(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
+}
+
 }  // namespace
 
-Position positionOf(std::string_view text, std::size_t offset) { return moved({}, text.substr(0, offset)); }
+Position positionOf(std::string_view text, std::size_t offset) {
+    return moved({}, withoutMark(text.substr(0, offset)));
+}
 
 std::vector<std::optional<Position>> positionsOf(std::string_view text, const std::vector<std::string>& pointers) {
     Step root;
-    std::vector<Step*> ends;
+    std::vector<const Step*> ends;
     for (const std::string& pointer : pointers) {
         Step* step = &root;
-        for (std::string& name : stepsOf(pointer)) step = &step->next[std::move(name)];
+        for (std::string& name : stepsOf(pointer)) step = &step->next.try_emplace(std::move(name), step).first->second;
         ends.push_back(step);
     }
-    const std::size_t mark = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    text.remove_prefix(mark);
+    text = withoutMark(text);
     Pass(text).value(&root);
 
     std::map<std::size_t, Position> places;
     for (const Step* end : ends) {
-        if (end->offset) places.try_emplace(*end->offset);
+        if (end->exists()) places.try_emplace(*end->offset);
     }
     std::size_t passed = 0;
     Position reached;
@@ -126,8 +147,9 @@ std::vector<std::optional<Position>> positionsOf(std::string_view text, const st
         passed = offset;
     }
     std::vector<std::optional<Position>> positions;
+    positions.reserve(ends.size());
     for (const Step* end : ends)
-        positions.push_back(end->offset ? std::optional(places.at(*end->offset)) : std::nullopt);
+        positions.push_back(end->exists() ? std::optional(places.at(*end->offset)) : std::nullopt);
     return positions;
 }
 

@@ -16,7 +16,7 @@ struct Position {
     bool operator==(const Position&) const = default;
 };
 
-/// The place `offset` bytes into `text`.
+/// The place `offset` bytes into `text`. A byte order mark takes no column.
 Position positionOf(std::string_view text, std::size_t offset);
 
 /// Where the values at `pointers` (JSON Pointers, RFC 6901) begin in `text`, which parses; empty for one that does not

@@ -41,8 +41,10 @@ private:
 
     void real(double number) {
         constexpr double exact = 9007199254740992.0;  // 2^53
-        if (number == std::trunc(number) && std::fabs(number) < exact) digits(static_cast<Integer>(number));
-        else digits(number);
+        if (number == std::trunc(number) && std::fabs(number) < exact)
+            digits(static_cast<Integer>(number));
+        else
+            digits(number);
     }
 
     void string(std::string_view value) {
@@ -64,8 +66,10 @@ private:
             case '\r': text_ += "\\r"; break;
             case '\t': text_ += "\\t"; break;
             default:
-                if (static_cast<unsigned char>(c) >= 0x20) text_ += c;
-                else ((text_ += "\\u00") += hex[static_cast<unsigned char>(c) >> 4U]) += hex[c & 0xF];
+                if (static_cast<unsigned char>(c) >= 0x20)
+                    text_ += c;
+                else
+                    ((text_ += "\\u00") += hex[static_cast<unsigned char>(c) >> 4U]) += hex[c & 0xF];
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "quorin/platform/json/Builder.hpp"
 #include "quorin/platform/json/Parse.hpp"
+#include "quorin/platform/json/UTF8.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -31,9 +32,9 @@ public:
     bool end_array() { return builder_.endList(ended()), true; }
 
     template <class Exception>
-    bool parse_error(std::size_t read, const std::string&, const Exception& exception) {
+    bool parse_error(std::size_t read, const std::string& piece, const Exception& exception) {
         result_.offset = read == 0 ? 0 : read - 1;
-        result_.message = wordsOf(exception.what());
+        result_.message = wordsOf(exception.what(), piece);
         return false;
     }
 
@@ -53,16 +54,16 @@ private:
         return begun;
     }
 
-    /// The parser's words without its own account of the place, which the position repeats, and without the piece of
+    /// The parser's words without its own account of the place, which the position repeats, and without the `piece` of
     /// the text that it read last, which nobody has checked.
-    static std::string wordsOf(std::string_view what) {
+    static std::string wordsOf(std::string_view what, std::string_view piece) {
         const auto place = what.find(" at line ");
         const auto begin = what.find(place == what.npos ? "] " : ": ", place == what.npos ? 0 : place);
         std::string words(begin == what.npos ? what : what.substr(begin + 2));
-        const auto piece = words.find(words.starts_with("number overflow") ? " parsing '" : "; last read: '");
-        if (piece == words.npos) return words;
-        const auto rest = words.rfind("'; expected ");
-        return words.substr(0, piece) + (rest == words.npos || rest < piece ? "" : words.substr(rest + 1));
+        const std::string_view before = words.starts_with("number overflow") ? " parsing '" : "; last read: '";
+        const auto quoted = words.find(before);
+        if (quoted != words.npos) words.erase(quoted, before.size() + piece.size() + 1);
+        return words;
     }
 
     StrictResult& result_;
@@ -76,10 +77,14 @@ std::size_t offsetTooDeep(std::string_view text) {
     bool inString = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
-        if (inString && c == '\\') ++i;
-        else if (c == '"') inString = !inString;
-        else if (!inString && (c == '[' || c == '{') && ++depth > deepestNesting) return i;
-        else if (!inString && (c == ']' || c == '}')) --depth;
+        if (inString && c == '\\')
+            ++i;
+        else if (c == '"')
+            inString = !inString;
+        else if (!inString && (c == '[' || c == '{') && ++depth > deepestNesting)
+            return i;
+        else if (!inString && (c == ']' || c == '}'))
+            --depth;
     }
     return text.size();
 }
@@ -91,6 +96,10 @@ StrictResult parseStrictly(std::string_view text) {
     if (const auto nul = text.find('\0'); nul != text.npos) {
         result.offset = nul;
         result.message = "a NUL byte stands in the text";
+        return result;
+    }
+    if (text.starts_with(byteOrderMark)) {  // which that parser would skip
+        result.message = "a second byte order mark stands in the text";
         return result;
     }
     Events events(result);

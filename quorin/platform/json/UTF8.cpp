@@ -23,8 +23,10 @@ std::string repairedUTF8(std::string_view text) {
     std::string repaired;
     while (!text.empty()) {
         const std::size_t size = sequenceAt(text);
-        if (size > 0) repaired += text.substr(0, size);
-        else repaired += "\xEF\xBF\xBD";
+        if (size > 0)
+            repaired += text.substr(0, size);
+        else
+            repaired += "\xEF\xBF\xBD";
         text.remove_prefix(std::max<std::size_t>(size, 1));
     }
     return repaired;

@@ -55,9 +55,7 @@ std::optional<std::uint64_t> Value::asUnsigned() const {
     return kind() == Kind::unsignedInteger ? std::optional(node_.unsignedInteger) : std::nullopt;
 }
 
-std::optional<double> Value::asReal() const {
-    return kind() == Kind::real ? std::optional(node_.real) : std::nullopt;
-}
+std::optional<double> Value::asReal() const { return kind() == Kind::real ? std::optional(node_.real) : std::nullopt; }
 
 std::optional<std::string_view> Value::asString() const {
     return kind() == Kind::string ? std::optional(node_.string()) : std::nullopt;

@@ -28,13 +28,16 @@ public:
     Value(double value);  ///< one that is not finite becomes null
     template <std::integral Whole>
         requires(!std::same_as<Whole, bool>)
-    Value(Whole value) : Value(std::unsigned_integral<Whole> ? ofUnsigned(static_cast<std::uint64_t>(value))
-                                                             : ofSigned(static_cast<Integer>(value))) {}
+    Value(Whole value)
+        : Value(std::unsigned_integral<Whole> ? ofUnsigned(static_cast<std::uint64_t>(value))
+                                              : ofSigned(static_cast<Integer>(value))) {}
     Value(std::string_view text);
     Value(const char* text) : Value(std::string_view(text)) {}
     Value(const std::string& text) : Value(std::string_view(text)) {}
     Value(DocumentMap map);
     Value(List list);
+    /// The value at `node`, which stands in `arena`.
+    Value(const Node& node, ArenaPointer arena) : node_(node), arena_(std::move(arena)) {}
 
     Kind kind() const { return node_.kind; }
 
@@ -60,7 +63,6 @@ private:
     friend class Builder;
     friend class DocumentMap;
     friend class List;
-    Value(const Node& node, ArenaPointer arena) : node_(node), arena_(std::move(arena)) {}
 
     static Value ofSigned(Integer value);
     static Value ofUnsigned(std::uint64_t value);

@@ -1,6 +1,7 @@
 #include "quorin/platform/morr/Database.hpp"
 
 #include "quorin/platform/morr/Row.hpp"
+#include "quorin/platform/morr/UnchangingURI.hpp"
 
 #include <sqlite3.h>
 
@@ -18,13 +19,10 @@ constexpr std::chrono::milliseconds patience{10'000};
 /// Between two tries of a step for which the library itself does not wait.
 constexpr int pauseMilliseconds = 5;
 
-constexpr char contentQuery[] =
-    "SELECT (SELECT user_version FROM pragma_user_version), (SELECT count(*) FROM sqlite_schema),"
-    " (SELECT group_concat(name || pk) FROM pragma_table_info('entries')), (SELECT encoding FROM pragma_encoding)";
-/// The table's shape has the number 1 as `user_version`.
+/// As the database keeps it. Another shape of the table would get another `user_version`.
+constexpr std::string_view tableText =
+    "CREATE TABLE entries (key TEXT NOT NULL PRIMARY KEY, type TEXT NOT NULL, value) WITHOUT ROWID";
 constexpr int shapeNumber = 1;
-/// The names of the columns, each with its place in the primary key.
-constexpr std::string_view shapeColumns = "key1,type0,value0";
 constexpr char foreignWords[] = "it holds another database, or one of a newer version";
 constexpr char tableStatements[] =
     "BEGIN IMMEDIATE;"
@@ -51,19 +49,16 @@ Outcome::Kind kindOf(int code) {
     }
 }
 
-/// A URI of the database library for a file that nobody writes, so it can be read without a lock or a journal.
-std::string unchangingURI(const std::string& path) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string uri = "file:";
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '/' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) {
-            uri += c;
-        } else {
-            uri += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
+/// Tries again what others lock out. Some locks are refused at once, without the database library's own waiting: those
+/// around the opening and closing of a journal.
+template <class Try>
+int patiently(Try attempt) {
+    const auto start = Clock::now();
+    for (;;) {
+        const int code = attempt();
+        if (!isContention(code) || Clock::now() - start >= patience) return code;
+        sqlite3_sleep(pauseMilliseconds);
     }
-    return uri + "?immutable=1";
 }
 
 /// Lets go of the row, and of what the parameters lent, however the use of a statement ends.
@@ -108,32 +103,36 @@ Outcome Database::connect(const std::string& name, int flags) {
     }
     leaveAsItIs();
     Outcome outcome = checkContent();
-    if (outcome && !isReadOnly()) outcome = prepareForWriting();
-    if (outcome) outcome = prepare("SELECT type, value FROM entries WHERE key = ?1", select_);
+    if (outcome && isEmpty_) outcome = prepareForWriting();
     if (outcome) sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return outcome;
 }
 
+/// In one transaction, so that all it learns is of one moment.
 Outcome Database::checkContent() {
-    Statement query;
-    if (Outcome outcome = prepare(contentQuery, query); !outcome) return outcome;
-    const int code = step(query.get());
-    if (code != SQLITE_ROW) return outcomeOf(code);
-    const int version = sqlite3_column_int(query.get(), 0);
-    const bool isReadable = row::bytes(query.get(), 3) == "UTF-8";
-    isEmpty_ = isReadable && version == 0 && sqlite3_column_int(query.get(), 1) == 0;
-    const bool isOurs = isReadable && version == shapeNumber && row::bytes(query.get(), 2) == shapeColumns;
+    Outcome outcome = execute("BEGIN");
+    Statement version, tables, encoding, check;
+    if (outcome) outcome = ask("PRAGMA user_version", version);
+    if (outcome)
+        outcome = ask("SELECT count(*), max(CASE name WHEN 'entries' THEN sql END) FROM sqlite_schema", tables);
+    if (outcome) outcome = ask("PRAGMA encoding", encoding);
+    if (!outcome) return outcome;
+    const int number = sqlite3_column_int(version.get(), 0);
+    const bool isReadable = row::bytes(encoding.get(), 0) == "UTF-8";
+    isEmpty_ = isReadable && number == 0 && sqlite3_column_int(tables.get(), 0) == 0;
+    const bool isOurs = isReadable && number == shapeNumber && row::bytes(tables.get(), 1) == tableText;
     if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
     if (!isEmpty_ && !isOurs) return {Outcome::Kind::foreign, foreignWords};
 
-    if (Outcome outcome = prepare("PRAGMA quick_check(1)", query); !outcome) return outcome;
-    const int checked = step(query.get());
-    if (checked != SQLITE_ROW) return outcomeOf(checked);
-    if (row::bytes(query.get(), 0) == "ok") return {};
-    return {Outcome::Kind::damaged, "its structure is broken"};
+    outcome = ask("PRAGMA quick_check(1)", check);
+    if (outcome && row::bytes(check.get(), 0) != "ok") return {Outcome::Kind::damaged, "its structure is broken"};
+    for (Statement* done : {&version, &tables, &encoding, &check}) done->reset();
+    return outcome ? execute("COMMIT") : outcome;
 }
 
+/// Not before the first change: a start that only reads is spared it.
 Outcome Database::prepareForWriting() {
+    if (upsert_ && delete_) return {};
     Outcome outcome = execute("PRAGMA journal_mode = WAL");
     if (outcome) outcome = execute("PRAGMA synchronous = FULL");
     if (outcome && isEmpty_) outcome = execute(tableStatements);
@@ -158,8 +157,12 @@ bool Database::isInPlace() const {
 void Database::leaveAsItIs() { sqlite3_db_config(connection_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr); }
 
 Outcome Database::read(std::string_view key, std::optional<StoredValue>& value) {
-    const Use use(select_.get());
     value.reset();
+    if (!select_) {
+        Outcome outcome = prepare("SELECT type, value FROM entries WHERE key = ?1", select_);
+        if (!outcome) return outcome;
+    }
+    const Use use(select_.get());
     int code = row::bindText(select_.get(), 1, key);
     if (code == SQLITE_OK) code = step(select_.get());
     if (code == SQLITE_ROW) value = row::value(select_.get(), 0);
@@ -179,6 +182,7 @@ Outcome Database::readAll(StoredValues& values) {
 }
 
 Outcome Database::write(std::string_view key, const StoredValue& value) {
+    if (Outcome outcome = prepareForWriting(); !outcome) return outcome;
     const Use use(upsert_.get());
     int code = row::bindText(upsert_.get(), 1, key);
     if (code == SQLITE_OK) code = row::bind(upsert_.get(), 2, value);
@@ -187,6 +191,7 @@ Outcome Database::write(std::string_view key, const StoredValue& value) {
 }
 
 Outcome Database::erase(std::string_view key) {
+    if (Outcome outcome = prepareForWriting(); !outcome) return outcome;
     const Use use(delete_.get());
     int code = row::bindText(delete_.get(), 1, key);
     if (code == SQLITE_OK) code = step(delete_.get());
@@ -194,39 +199,35 @@ Outcome Database::erase(std::string_view key) {
 }
 
 Outcome Database::prepare(const char* text, Statement& statement) {
-    const auto start = Clock::now();
-    for (;;) {
+    return outcomeOf(patiently([&] {
         sqlite3_stmt* prepared = nullptr;
         const int code = sqlite3_prepare_v2(connection_.get(), text, -1, &prepared, nullptr);
         statement.reset(prepared);
-        if (!isContention(code) || Clock::now() - start >= patience) return outcomeOf(code);
-        sqlite3_sleep(pauseMilliseconds);
-    }
+        return code;
+    }));
+}
+
+/// Stands on the first row when it is done; for statements that always yield one.
+Outcome Database::ask(const char* text, Statement& statement) {
+    Outcome outcome = prepare(text, statement);
+    return outcome ? outcomeOf(step(statement.get())) : outcome;
 }
 
 Outcome Database::execute(const char* text) {
-    const auto start = Clock::now();
-    for (;;) {
-        const int code = sqlite3_exec(connection_.get(), text, nullptr, nullptr, nullptr);
-        Outcome outcome = outcomeOf(code);
-        if (!sqlite3_get_autocommit(connection_.get())) {
-            sqlite3_exec(connection_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
-        }
-        if (!isContention(code) || Clock::now() - start >= patience) return outcome;
-        sqlite3_sleep(pauseMilliseconds);
-    }
+    return outcomeOf(patiently([&] {
+        sqlite3* const connection = connection_.get();
+        const int code = sqlite3_exec(connection, text, nullptr, nullptr, nullptr);
+        const bool isStuck = code != SQLITE_OK && !sqlite3_get_autocommit(connection);
+        if (isStuck) sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
+        return code;
+    }));
 }
 
-/// Some locks are refused at once, without the library's own waiting: those around the opening and closing of a
-/// journal.
 int Database::step(sqlite3_stmt* statement) {
-    const auto start = Clock::now();
-    for (;;) {
-        const int code = sqlite3_step(statement);
-        if (!isContention(code) || Clock::now() - start >= patience) return code;
+    return patiently([&] {
         sqlite3_reset(statement);
-        sqlite3_sleep(pauseMilliseconds);
-    }
+        return sqlite3_step(statement);
+    });
 }
 
 Outcome Database::outcomeOf(int code) const {

@@ -73,6 +73,7 @@ private:
     Outcome checkContent();
     Outcome prepareForWriting();
     Outcome prepare(const char* text, Statement& statement);
+    Outcome ask(const char* text, Statement& statement);
     Outcome execute(const char* text);
     int step(sqlite3_stmt* statement);
     Outcome outcomeOf(int code) const;

@@ -14,24 +14,28 @@ using Parts = std::unique_ptr<CURLU, decltype(&curl_url_cleanup)>;
 
 bool isHex(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
-/// Only what RFC 3986 lets stand in a URI, and whole percent-escapes.
+/// Whether RFC 3986 lets the character at `i` stand in a URI, a percent sign only before two digits.
+bool mayStand(std::string_view text, std::size_t i) {
+    if (text[i] == '%') return i + 2 < text.size() && isHex(text[i + 1]) && isHex(text[i + 2]);
+    return text[i] > ' ' && text[i] <= '~' && std::string_view("\"<>\\^`{|}").find(text[i]) == text.npos;
+}
+
 bool hasOnlyURLCharacters(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] <= ' ' || text[i] > '~' || std::string_view("\"<>\\^`{|}").find(text[i]) != text.npos) return false;
-        if (text[i] == '%' && !(i + 2 < text.size() && isHex(text[i + 1]) && isHex(text[i + 2]))) return false;
+        if (!mayStand(text, i)) return false;
     }
     return true;
 }
 
-/// Servers send bytes in a Location that may not stand there; every browser escapes them.
+/// Servers send characters in a Location that may not stand there; every browser escapes them.
 std::string escaped(std::string_view location) {
     static constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;
-    for (const char c : location) {
-        if (c > ' ' && c <= '~') {
-            text += c;
+    for (std::size_t i = 0; i < location.size(); ++i) {
+        if (mayStand(location, i)) {
+            text += location[i];
         } else {
-            const auto byte = static_cast<unsigned char>(c);
+            const auto byte = static_cast<unsigned char>(location[i]);
             text.append({'%', digits[byte >> 4], digits[byte & 15]});
         }
     }

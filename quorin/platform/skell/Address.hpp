@@ -16,8 +16,8 @@ struct Address {
     /// The parts of an absolute URL (RFC 3986) with a host, or empty.
     static std::optional<Address> of(std::string_view url);
 
-    /// Where a `Location` leads from here: a reference (RFC 3986 section 5) in which blanks and bytes beyond ASCII are
-    /// percent-escaped first. Empty when it leads nowhere.
+    /// Where a `Location` leads from here: a reference (RFC 3986 section 5) in which what may not
+    /// stand there is percent-escaped first. Empty when it leads nowhere.
     std::optional<Address> resolve(std::string_view location) const;
 
     bool isHTTP() const { return scheme == "http" || scheme == "https"; }

@@ -75,7 +75,9 @@ bool Hop::has(std::string_view name) const {
 }
 
 std::optional<SkellError> refusal(const Hop& hop) {
-    const auto invalid = [&](std::string what) { return failure(SkellError::Kind::invalidRequest, hop.url, what); };
+    const auto invalid = [&](const std::string& what) {
+        return failure(SkellError::Kind::invalidRequest, hop.url, what);
+    };
     const auto address = Address::of(hop.url);
     if (!address || address->host.empty())
         return failure(SkellError::Kind::invalidURL, hop.url, "not a URL to request");

@@ -98,6 +98,7 @@ Transfer::Stop Transfer::takeBody(std::string_view bytes) {
 Transfer::Outcome Transfer::outcome(CURLcode code) {
     if (stop_ != Stop::none && stop_ != Stop::afterHead) return stopped();
     if (code != CURLE_OK && stop_ != Stop::afterHead) return failed(code);
+    if (!head_.isComplete()) return failed(CURLE_PARTIAL_FILE);  // libcurl is content with half a head
     if (decoder_ && !decoder_->isComplete())
         return failure(SkellError::Kind::decoding, hop_.url, "encoded content cut short");
     return Response({head_.status(), head_.takeFields(), hop_.url, body_.take()});

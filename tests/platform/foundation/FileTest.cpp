@@ -1,6 +1,6 @@
 #include "quorin/platform/foundation/File.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -15,6 +15,8 @@
 
 namespace quorin::foundation {
 namespace {
+
+using support::TemporaryFolder;
 
 int failureOf(const std::string& path) { return readFile(path).failure.value(); }
 

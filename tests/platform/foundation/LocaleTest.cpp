@@ -1,11 +1,13 @@
 #include "quorin/platform/foundation/Locale.hpp"
 
-#include "tests/platform/foundation/Environment.hpp"
+#include "tests/support/Environment.hpp"
 
 #include <gtest/gtest.h>
 
 namespace quorin::foundation {
 namespace {
+
+using support::Environment;
 
 using Setting = std::optional<std::string>;
 

@@ -1,11 +1,13 @@
 #include "quorin/platform/foundation/TimeZone.hpp"
 
-#include "tests/platform/foundation/Environment.hpp"
+#include "tests/support/Environment.hpp"
 
 #include <gtest/gtest.h>
 
 namespace quorin::foundation {
 namespace {
+
+using support::Environment;
 
 using std::chrono::sys_days;
 using namespace std::chrono_literals;

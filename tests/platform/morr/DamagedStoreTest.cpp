@@ -1,9 +1,9 @@
 #include "quorin/platform/morr/MorrStandard.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
-#include "tests/platform/morr/Child.hpp"
 #include "tests/platform/morr/RawDatabase.hpp"
 #include "tests/platform/morr/StoreTesting.hpp"
+#include "tests/support/Child.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,8 +13,11 @@
 namespace quorin::morr {
 namespace {
 
-using foundation::contentOf;
-using foundation::TemporaryFolder;
+using support::becomeNobody;
+using support::Child;
+using support::contentOf;
+using support::inChild;
+using support::TemporaryFolder;
 
 /// A sound store of several pages, as its bytes.
 const std::string& soundFile() {

@@ -1,6 +1,6 @@
 #include "quorin/platform/morr/MorrStandard.hpp"
 
-#include "tests/platform/foundation/Environment.hpp"
+#include "tests/support/Environment.hpp"
 
 #include <gtest/gtest.h>
 #include <pwd.h>
@@ -11,7 +11,7 @@
 namespace quorin {
 namespace {
 
-using foundation::Environment;
+using support::Environment;
 
 TEST(DefaultPath, LiesInTheDataFolder) {
     const Environment data("XDG_DATA_HOME", "/data");

@@ -1,8 +1,8 @@
 #include "quorin/platform/morr/MorrStandard.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
 #include "tests/platform/morr/RawDatabase.hpp"
 #include "tests/platform/morr/StoreTesting.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@
 namespace quorin::morr {
 namespace {
 
-using foundation::contentOf;
-using foundation::TemporaryFolder;
+using support::contentOf;
+using support::TemporaryFolder;
 
 const std::vector<StoredValue> everyKind{
     std::int64_t{0},

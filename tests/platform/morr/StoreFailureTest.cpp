@@ -1,9 +1,9 @@
 #include "quorin/platform/morr/MorrStandard.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
-#include "tests/platform/morr/Child.hpp"
 #include "tests/platform/morr/RawDatabase.hpp"
 #include "tests/platform/morr/StoreTesting.hpp"
+#include "tests/support/Child.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -11,8 +11,11 @@
 namespace quorin::morr {
 namespace {
 
-using foundation::contentOf;
-using foundation::TemporaryFolder;
+using support::becomeNobody;
+using support::contentOf;
+using support::inChild;
+using support::openToAll;
+using support::TemporaryFolder;
 
 std::string kindName(Kind kind) { return std::to_string(static_cast<int>(kind)); }
 

@@ -1,8 +1,8 @@
 #include "quorin/platform/morr/StoreFile.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
-#include "tests/platform/morr/Child.hpp"
 #include "tests/platform/morr/StoreTesting.hpp"
+#include "tests/support/Child.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -13,8 +13,11 @@
 namespace quorin::morr {
 namespace {
 
-using foundation::contentOf;
-using foundation::TemporaryFolder;
+using support::becomeNobody;
+using support::contentOf;
+using support::inChild;
+using support::openToAll;
+using support::TemporaryFolder;
 
 /// The status of a store on the path that has been put something, which it must still know.
 Status statusAfterPut(const std::string& path) {

@@ -1,9 +1,9 @@
 #include "quorin/platform/morr/MorrStandard.hpp"
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
-#include "tests/platform/morr/Child.hpp"
 #include "tests/platform/morr/RawDatabase.hpp"
 #include "tests/platform/morr/StoreTesting.hpp"
+#include "tests/support/Child.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,9 @@
 namespace quorin::morr {
 namespace {
 
-using foundation::TemporaryFolder;
+using support::Child;
+using support::inChild;
+using support::TemporaryFolder;
 
 /// Puts the numbers from 0 under "k", and copies of them under "copy", telling of each when it is on the disk.
 void count(const std::string& path, int end, const Child::Say& say) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/platform/foundation/TemporaryFolder.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 
 #include <signal.h>
 #include <sys/stat.h>
@@ -11,7 +11,7 @@
 #include <functional>
 #include <string>
 
-namespace quorin::morr {
+namespace quorin::support {
 
 /// A child process that runs `work` and ends; what it hands to `say` is read here line by line.
 class Child {
@@ -74,6 +74,6 @@ inline void becomeNobody() {
 }
 
 /// Where a process without privileges can do as it likes.
-inline void openToAll(const foundation::TemporaryFolder& folder) { chmod(folder.path().c_str(), 0777); }
+inline void openToAll(const TemporaryFolder& folder) { chmod(folder.path().c_str(), 0777); }
 
-}  // namespace quorin::morr
+}  // namespace quorin::support

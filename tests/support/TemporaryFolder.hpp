@@ -7,8 +7,9 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <system_error>
 
-namespace quorin::foundation {
+namespace quorin::support {
 
 /// A directory of its own for one test, removed with all that is in it.
 class TemporaryFolder {
@@ -18,8 +19,17 @@ public:
         if (mkdtemp(name.data())) path_ = name;
     }
     ~TemporaryFolder() {
+        namespace fs = std::filesystem;
         std::error_code ignored;
-        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+        if (path_.empty()) return;
+        // A test may have closed directories, which would stay.
+        fs::permissions(path_, fs::perms::owner_all, ignored);
+        for (fs::recursive_directory_iterator at(path_, ignored), end; at != end; at.increment(ignored)) {
+            if (at->is_directory(ignored) && !at->is_symlink(ignored)) {
+                fs::permissions(at->path(), fs::perms::owner_all, ignored);
+            }
+        }
+        fs::remove_all(path_, ignored);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -44,4 +54,4 @@ inline std::string contentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-}  // namespace quorin::foundation
+}  // namespace quorin::support

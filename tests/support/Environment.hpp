@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace quorin::foundation {
+namespace quorin::support {
 
 /// An environment variable that has another value for one test; absent: it is not set.
 class Environment {
@@ -31,4 +31,4 @@ private:
     std::optional<std::string> before_{};
 };
 
-}  // namespace quorin::foundation
+}  // namespace quorin::support

@@ -1,0 +1,68 @@
+#include "quorin/platform/skell/Response.hpp"
+
+#include "tests/platform/skell/Requests.hpp"
+#include "tests/support/FaultServer.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorin::skell {
+namespace {
+
+using support::answer;
+using support::FaultServer;
+using testing::ElementsAre;
+
+Response responseTo(const std::string& bytes) {
+    const FaultServer server({{"/", bytes}});
+    return *performed(server.url("/"));
+}
+
+TEST(Response, IsYieldedWhateverItsStatus) {
+    for (const int status : {200, 201, 300, 302, 304, 400, 401, 404, 407, 500, 503, 599}) {
+        EXPECT_EQ(responseTo(answer(status, status == 304 ? "" : "text")).status(), status);
+    }
+}
+
+TEST(Response, KeepsOrderAndRepetitionOfItsHeaders) {
+    const Response response = responseTo(answer(200, "", "B: 1\r\nA: 2\r\nb: 3\r\nB:\r\n"));
+    EXPECT_THAT(response.headers(), ElementsAre(HeaderField{"B", "1"}, HeaderField{"A", "2"}, HeaderField{"b", "3"},
+                                                HeaderField{"B", ""}, HeaderField{"Content-Length", "0"}));
+}
+
+TEST(Response, FindsHeadersInAnyLetterCase) {
+    const Response response = responseTo(answer(200, "", "Set-Cookie: a=b\r\nset-cookie: c=d\r\n"));
+    EXPECT_EQ(response.header("SET-COOKIE"), "a=b");
+    EXPECT_THAT(response.allHeaders("set-Cookie"), ElementsAre("a=b", "c=d"));
+    EXPECT_EQ(response.header("Cookie"), std::nullopt);
+    EXPECT_THAT(response.allHeaders("Cookie"), ElementsAre());
+}
+
+TEST(Response, TrimsAndUnfoldsHeaders) {
+    const Response response = responseTo(answer(200, "", "A: \t x y \t\r\nB: one\r\n  two\r\n"));
+    EXPECT_EQ(response.header("A"), "x y");
+    EXPECT_EQ(response.header("B"), "one two");
+}
+
+TEST(Response, IsTheFinalOneAndNotAnInterimOne) {
+    const Response response =
+        responseTo("HTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n" + answer(200, "text", "A: b\r\n"));
+    EXPECT_EQ(response.status(), 200);
+    EXPECT_EQ(response.header("Link"), std::nullopt);
+}
+
+TEST(Response, PassesOverTrailers) {
+    const Response response = responseTo(
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\nTrailer: A\r\n\r\n1\r\nx\r\n0\r\nSet-Cookie: a=b\r\n\r\n");
+    EXPECT_EQ(response.body(), "x");
+    EXPECT_EQ(response.header("Set-Cookie"), std::nullopt);
+}
+
+TEST(Response, SharesItsContentWithItsCopies) {
+    const Response response = responseTo(answer(200, "text"));
+    const Response copy = response;
+    EXPECT_EQ(&copy.body(), &response.body());
+}
+
+}  // namespace
+}  // namespace quorin::skell

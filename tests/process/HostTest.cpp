@@ -1,0 +1,35 @@
+#include "quorin/core/ConfigurationManager.hpp"
+
+#include "tests/context/Testbed.hpp"
+#include "tests/support/Command.hpp"
+
+#include <gtest/gtest.h>
+
+namespace quorin {
+
+std::string endOfLoad(ConfigurationManager::Instance& manager, const std::string& path);
+
+namespace {
+
+TEST(Host, NeedsNeitherRunTimeTypesNorExceptions) {
+    const Testbed bed;
+    ConfigurationManager::Instance manager(bed.start());
+    EXPECT_EQ(endOfLoad(manager, bed.folder().write("a.json", "{}")),
+              R"({"brand":"orvel","device":"D","version":"1.0.0"})");
+    EXPECT_EQ(endOfLoad(manager, bed.folder().file("missing")), "configurationManager: configInitialization: notFound");
+}
+
+TEST(StartupExample, LoadsTheSampleAndUsesIt) {
+    const support::TemporaryFolder folder;
+    const std::string printed = support::outputOf(QUORIN_BINARY_DIR "/examples/startup/startup " QUORIN_SOURCE_DIR
+                                                                    "/examples/documents/family.json "
+                                                  + folder.file("store.db"));
+    EXPECT_NE(printed.find("5 features\n"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("search: GET https://search.vexo.example/v1/search\n"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("profile is now p-kids\n"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\nUser-Agent: Sample/2.4("), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\nappversion: 2.4\n"), std::string::npos) << printed;
+}
+
+}  // namespace
+}  // namespace quorin
