@@ -52,7 +52,7 @@ ReadReport BrandSection::reportOfDocument(ReadReport report) const {
         whole.add(std::move(finding));
     }
     const auto notAsked = [&](std::string pointer, const Value& value) {
-        whole.add({std::move(pointer), "nothing", nameOf(value.kind()), Cost::notAsked, {}});
+        whole.add({std::move(pointer), nothing, nameOf(value.kind()), Cost::notAsked, {}});
     };
     const auto own = document.find(name)->asObject()->find(services);
     if (takesServices && own) notAsked(pointerTo(name, services), *own);

@@ -44,7 +44,8 @@ public:
     /// document itself where no brand is given, or it has no section of that brand.
     static DocumentMap config(const DocumentMap& json, std::optional<Brand> brand);
 
-    /// The account identifier. An assignment is stored before it returns; absent removes it from the store.
+    /// The account identifier. An assignment is stored before it returns (but for the one case that
+    /// `rx::Variable::assign` names); absent removes it from the store.
     OptionalText kova() const { return identity_.kova(); }
     void setKova(OptionalText value) { identity_.setKova(std::move(value)); }
 

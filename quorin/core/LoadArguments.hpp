@@ -16,7 +16,7 @@ struct LoadArguments {
     std::string version = "1.0.0";
 
     /// Where to put what the document held that was not taken, each with line and column, before the configuration is
-    /// delivered. Null: nobody wants to know, and the read is spared the work.
+    /// delivered; a load that fails leaves it as it is. Null: nobody wants to know, and the read is spared the work.
     std::shared_ptr<ReadReport> report{};
 };
 

@@ -17,16 +17,16 @@ Oops failure(int errorCode) {
             .errorCode = errorCode};
 }
 
-/// What is missing is shown where it should be: at the object around it.
-std::string shownAt(const Finding& finding) {
-    return finding.found == "nothing" ? finding.pointer.substr(0, finding.pointer.rfind('/')) : finding.pointer;
-}
-
+/// What does not exist is shown where it should be: at the object around it.
 void locate(ReadReport& report, std::string_view text) {
     std::vector<std::string> pointers;
-    for (const Finding& finding : report.findings) pointers.push_back(shownAt(finding));
+    for (const Finding& finding : report.findings) {
+        pointers.push_back(finding.pointer);
+        pointers.push_back(finding.pointer.substr(0, finding.pointer.rfind('/')));
+    }
     const auto positions = json::positionsOf(text, pointers);
-    for (std::size_t i = 0; i < positions.size(); ++i) report.findings[i].position = positions[i];
+    for (std::size_t i = 0; i < report.findings.size(); ++i)
+        report.findings[i].position = positions[2 * i] ? positions[2 * i] : positions[2 * i + 1];
 }
 
 }  // namespace

@@ -27,6 +27,7 @@ struct Ads {
         static constexpr std::string_view durationBetweenAd = "durationBetweenAd";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Ads> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Ads> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

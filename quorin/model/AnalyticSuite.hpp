@@ -30,6 +30,7 @@ struct AnalyticSuite {
         static constexpr std::string_view enabled = "enabled";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<AnalyticSuite> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<AnalyticSuite> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

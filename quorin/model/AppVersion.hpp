@@ -18,6 +18,7 @@ struct AppVersion {
         static constexpr std::string_view required = "required";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<AppVersion> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<AppVersion> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

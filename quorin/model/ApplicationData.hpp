@@ -28,6 +28,7 @@ struct ApplicationData {
         static constexpr std::string_view version = "version";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<ApplicationData> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<ApplicationData> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

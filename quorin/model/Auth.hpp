@@ -29,6 +29,7 @@ struct Auth {
         static constexpr std::string_view promptLimit = "promptLimit";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Auth> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Auth> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

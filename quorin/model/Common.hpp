@@ -22,6 +22,7 @@ struct Common {
         static constexpr std::string_view privacyPolicy = "privacyPolicy";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Common> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Common> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

@@ -26,6 +26,7 @@ struct ConfigLayout {
         static constexpr std::string_view successDuration = "successDuration";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<ConfigLayout> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<ConfigLayout> fromJSON(const DocumentMap& json, std::string_view id,
                                                 ReadReport* report = nullptr);

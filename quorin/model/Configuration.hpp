@@ -62,6 +62,7 @@ struct Configuration {
         static constexpr std::string_view profile = "profile";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     /// Never empty: an object without any of the keys makes a configuration without sections.
     static std::optional<Configuration> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Configuration> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);

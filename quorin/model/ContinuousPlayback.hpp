@@ -23,6 +23,7 @@ struct ContinuousPlayback {
         static constexpr std::string_view duration = "duration";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<ContinuousPlayback> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<ContinuousPlayback> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

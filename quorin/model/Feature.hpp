@@ -18,6 +18,7 @@ struct Feature {
         static constexpr std::string_view params = "params";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     /// Empty when the object has no members.
     static std::optional<Feature> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Feature> fromJSON(const DocumentMap& json, std::string_view name,

@@ -39,6 +39,7 @@ struct Initialize {
         static constexpr std::string_view geoCacheDuration = "geoCacheDuration";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Initialize> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Initialize> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

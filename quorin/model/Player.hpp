@@ -36,6 +36,7 @@ struct Player {
         static constexpr std::string_view useGeoCache = "useGeoCache";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Player> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Player> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

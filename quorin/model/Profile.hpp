@@ -18,6 +18,7 @@ struct Profile {
         static constexpr std::string_view limit = "limit";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Profile> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Profile> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

@@ -17,6 +17,7 @@ struct Timing {
         static constexpr std::string_view lf = "lf";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<Timing> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<Timing> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

@@ -7,8 +7,9 @@ bool isObject(const Node& value, const Reading& at) { return value.kind == Kind:
 bool isListOfObjects(const Node& value, const Reading& at) {
     if (value.kind != Kind::list) return at.reject("list of objects", value);
     for (std::uint32_t i = 0; i < value.size; ++i) {
-        Trail step;
-        if (!isObject(value.items[i], at.element(step, i, Role::listPart))) return false;
+        if (value.items[i].kind == Kind::object) continue;
+        Step step;
+        return isObject(value.items[i], at.element(step, i, Role::listPart));
     }
     return true;
 }
@@ -16,8 +17,9 @@ bool isListOfObjects(const Node& value, const Reading& at) {
 bool isMapOfObjects(const Node& value, const Reading& at) {
     if (value.kind != Kind::object) return at.reject("object of objects", value);
     for (std::uint32_t i = 0; i < value.size; ++i) {
-        Trail step;
-        if (!isObject(value.value(i), at.member(step, value.name(i).string(), Role::mapPart))) return false;
+        if (value.value(i).kind == Kind::object) continue;
+        Step step;
+        return isObject(value.value(i), at.member(step, value.name(i).string(), Role::mapPart));
     }
     return true;
 }
@@ -53,7 +55,7 @@ std::optional<std::vector<std::string>> Conversion<std::vector<std::string>>::re
     std::vector<std::string> texts;
     texts.reserve(value.size);
     for (std::uint32_t i = 0; i < value.size; ++i) {
-        Trail step;
+        Step step;
         auto text = Conversion<std::string>::read(value.items[i], at.element(step, i, Role::listPart));
         if (!text) return std::nullopt;
         texts.push_back(std::move(*text));

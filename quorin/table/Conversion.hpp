@@ -118,7 +118,7 @@ struct Conversion<std::vector<T>> {
         if (!isListOfObjects(value, at)) return models;
         models.emplace().reserve(value.size);
         for (std::uint32_t i = 0; i < value.size; ++i) {
-            Trail step;
+            Step step;
             auto model = Conversion<T>::read(value.items[i], at.element(step, i, Role::element));
             if (model) models->push_back(std::move(*model));
         }
@@ -160,7 +160,7 @@ private:
         MapOf<T> models;
         for (std::uint32_t i = 0; i < value.size; ++i) {
             const std::string_view name = value.name(i).string();
-            Trail step;
+            Step step;
             auto model = Conversion<T>::read(value.value(i), at.member(step, name, Role::entry), name);
             if (model) models.emplace(name, std::move(*model));
         }

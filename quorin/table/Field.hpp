@@ -128,9 +128,10 @@ constexpr bool distinct(std::span<const Row> rows) {
 void twoRowsShareAKeyOrAMember();
 
 /// The key table of a model, one row for every data member. A forgotten or a doubled row does not compile.
-template <class Model, std::size_t size>
+/// A model whose members are private says how many it has.
+template <class Model, std::size_t members = memberCount<Model>(), std::size_t size>
 consteval KeyTable of(std::string_view name, const Row (&rows)[size]) {
-    static_assert(size == memberCount<Model>(), "every data member of the model needs one row");
+    static_assert(size == members, "every data member of the model needs one row");
     if (!distinct(rows)) twoRowsShareAKeyOrAMember();
     return {name, rows};
 }

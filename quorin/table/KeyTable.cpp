@@ -12,23 +12,35 @@ Role roleOf(const Row& row, Form form) {
     return row.defaulted && form == Form::document ? Role::defaulted : Role::required;
 }
 
+// The walk exists twice: as it is done for a listener, which keeps a trail, and without any trace of one.
+
+template <bool observed>
+const Reading& below(const Reading& at, Step& step, std::string_view key, Role role) {
+    if constexpr (observed)
+        return at.member(step, key, role);
+    else
+        return at;
+}
+
+template <bool observed>
 bool readMember(const Row& row, std::string_view key, void* model, const Node& map, const Reading& at) {
     const Role role = roleOf(row, at.form());
-    Trail step;
-    const Reading here = at.member(step, key, role);
+    Step step;
+    const Reading& here = below<observed>(at, step, key, role);
     const Node* const value = json::find(map, key);
     if (!value) return role != Role::required || here.miss(row.shape);
     return row.read(*value, model, here) || role != Role::required;
 }
 
+template <bool observed>
 bool readInside(const Row& row, void* model, const Node& map, const Reading& at) {
     const Role role = roleOf(row, at.form());
-    Trail step;
-    const Reading around = at.member(step, row.outer, role);
+    Step step;
+    const Reading& around = below<observed>(at, step, row.outer, role);
     const Node* const outer = json::find(map, row.outer);
     if (!outer) return role != Role::required || around.miss("object");
     if (outer->kind != json::Kind::object) return around.reject("object", *outer) || role != Role::required;
-    return readMember(row, row.inner, model, *outer, around);
+    return readMember<observed>(row, row.inner, model, *outer, around);
 }
 
 bool readText(const Row& row, std::string_view text, void* model, const Reading& at) {
@@ -39,6 +51,7 @@ bool readText(const Row& row, std::string_view text, void* model, const Reading&
     return row.read(node, model, at);
 }
 
+template <bool observed>
 bool readFromDocument(const Row& row, void* model, const Node& map, const Reading& at,
                       std::optional<std::string_view> name) {
     if (row.takesName && name) return readText(row, *name, model, at);
@@ -47,7 +60,20 @@ bool readFromDocument(const Row& row, void* model, const Node& map, const Readin
         case Row::Origin::whole: return map.size == 0 ? at.miss("members") : row.read(map, model, at);
         case Row::Origin::member: break;
     }
-    return row.outer.empty() ? readMember(row, row.key, model, map, at) : readInside(row, model, map, at);
+    return row.outer.empty() ? readMember<observed>(row, row.key, model, map, at)
+                             : readInside<observed>(row, model, map, at);
+}
+
+template <bool observed>
+bool readRows(const KeyTable& table, void* model, const Node& map, const Reading& at,
+              std::optional<std::string_view> name) {
+    for (const Row& row : table.rows) {
+        if (!row.read) continue;
+        const bool taken = at.form() == Form::document ? readFromDocument<observed>(row, model, map, at, name)
+                                                       : readMember<observed>(row, row.key, model, map, at);
+        if (!taken) return false;
+    }
+    return true;
 }
 
 /// Whether a row of the document form asks for the member `name` of the model's object, or for `inner` inside it.
@@ -62,7 +88,7 @@ void tellInsideNotAsked(const KeyTable& table, std::string_view outer, const Nod
     for (std::uint32_t i = 0; i < object.size; ++i) {
         const std::string_view name = object.name(i).string();
         const auto asks = [&](const Row& row) { return row.outer == outer && row.inner == name; };
-        Trail step;
+        Step step;
         if (std::none_of(table.rows.begin(), table.rows.end(), asks))
             at.member(step, name, Role::field).notAsked(object.value(i));
     }
@@ -72,8 +98,8 @@ void tellNotAsked(const KeyTable& table, const Node& map, const Reading& at) {
     for (std::uint32_t i = 0; i < map.size; ++i) {
         const std::string_view name = map.name(i).string();
         const Node& value = map.value(i);
-        Trail step;
-        const Reading here = at.member(step, name, Role::field);
+        Step step;
+        const Reading& here = at.member(step, name, Role::field);
         const auto asks = [&](const Row& row) { return asksFor(row, at.form(), name); };
         const auto asking = std::find_if(table.rows.begin(), table.rows.end(), asks);
         if (asking == table.rows.end())
@@ -87,13 +113,9 @@ void tellNotAsked(const KeyTable& table, const Node& map, const Reading& at) {
 
 bool read(const KeyTable& table, void* model, const Node& map, const Reading& at,
           std::optional<std::string_view> name) {
-    for (const Row& row : table.rows) {
-        if (!row.read) continue;
-        const bool taken = at.form() == Form::document ? readFromDocument(row, model, map, at, name)
-                                                       : readMember(row, row.key, model, map, at);
-        if (!taken) return false;
-    }
-    if (at.observed()) tellNotAsked(table, map, at);
+    if (!at.observed()) return readRows<false>(table, model, map, at, name);
+    if (!readRows<true>(table, model, map, at, name)) return false;
+    tellNotAsked(table, map, at);
     return true;
 }
 

@@ -27,11 +27,13 @@ std::string_view nameOf(Cost cost) {
 
 void ReadReport::add(Finding finding) {
     if (!findings.empty() && findings.back() == finding) return;
+    if (isFullFor(finding.pointer.size())) return void(++omitted);
     bytes_ += finding.pointer.size();
-    if (findings.size() >= mostFindings || bytes_ > mostBytes)
-        ++omitted;
-    else
-        findings.push_back(std::move(finding));
+    findings.push_back(std::move(finding));
+}
+
+bool ReadReport::isFullFor(std::size_t pointerBytes) const {
+    return findings.size() >= mostFindings || bytes_ + pointerBytes > mostBytes;
 }
 
 }  // namespace quorin

@@ -26,6 +26,9 @@ enum class Cost : std::uint8_t {
 /// The cost in words: "field absent", "entry dropped", ...
 std::string_view nameOf(Cost cost);
 
+/// What is expected of a member that no reader asks for, and found where a required one is missing.
+inline constexpr std::string_view nothing = "nothing";
+
 /// One value of the document that a reader did not take. The texts are constants of the library.
 struct Finding {
     std::string pointer{};        ///< where it stands, as a JSON Pointer (RFC 6901): "/videoPlayer/ads/freeTime"
@@ -46,7 +49,12 @@ struct ReadReport {
     /// Adds a finding, or counts it as omitted. What two fields in a row tell alike is told once.
     void add(Finding finding);
 
-    bool operator==(const ReadReport&) const = default;
+    /// Whether a finding with a pointer of so many bytes would be omitted.
+    bool isFullFor(std::size_t pointerBytes) const;
+
+    friend bool operator==(const ReadReport& left, const ReadReport& right) {
+        return left.findings == right.findings && left.omitted == right.omitted;
+    }
 
 private:
     std::size_t bytes_ = 0;

@@ -21,6 +21,13 @@ std::string pointerTo(const Trail& trail) {
     return pointer;
 }
 
+/// At the least: what is escaped takes more.
+std::size_t bytesOfPointerTo(const Trail& trail) {
+    std::size_t bytes = 0;
+    for (const Trail* step = &trail; step->outer; step = step->outer) bytes += 1 + step->key.size();
+    return bytes;
+}
+
 Cost costOf(const Trail& trail) {
     switch (trail.role) {
         case Role::root: return Cost::nothingRead;
@@ -37,13 +44,25 @@ Cost costOf(const Trail& trail) {
 
 }  // namespace
 
-bool Reading::tell(std::string_view expected, std::string_view found) const {
-    report_->add({pointerTo(*trail_), expected, found, costOf(*trail_), {}});
-    return false;
+const Reading& Reading::below(Step& step, const Trail& trail) const {
+    step.trail = trail;
+    step.reading = *this;
+    step.reading.trail_ = &step.trail;
+    return step.reading;
 }
 
-void Reading::notAsked(const Node& found) const {
-    report_->add({pointerTo(*trail_), "nothing", nameOf(found.kind), Cost::notAsked, {}});
+bool Reading::tell(std::string_view expected, std::string_view found) const {
+    return tell(expected, found, costOf(*trail_)), false;
+}
+
+void Reading::notAsked(const Node& found) const { tell(nothing, nameOf(found.kind), Cost::notAsked); }
+
+// A pointer is spelt out for a finding that is kept, and for no other: they may be many and long.
+void Reading::tell(std::string_view expected, std::string_view found, Cost cost) const {
+    if (report_->isFullFor(bytesOfPointerTo(*trail_)))
+        ++report_->omitted;
+    else
+        report_->add({pointerTo(*trail_), expected, found, cost, {}});
 }
 
 }  // namespace quorin::table

@@ -39,8 +39,10 @@ struct Trail {
     Role role;
 };
 
+struct Step;
+
 /// How a read is done, where it stands, and to whom it tells what it does not take. Where nobody listens there is no
-/// trail: nothing is kept, and every question of the kind is one comparison with null.
+/// trail: values below are read with the same reading, and each step costs one comparison with null.
 class Reading {
 public:
     /// `tree` holds the nodes that are read and outlives the reading.
@@ -53,14 +55,12 @@ public:
     /// A share in the value at `node`.
     Value valueAt(const Node& node) const { return tree_->at(node); }
 
-    /// The reading of a value below this one; `step` is set, and needed as long as the result, where somebody listens.
-    Reading member(Trail& step, std::string_view key, Role role) const {
-        if (trail_) step = {trail_, key, 0, role};
-        return along(step);
+    /// The reading of a value below this one. Where somebody listens it stands in `step`, which has to last as long.
+    const Reading& member(Step& step, std::string_view key, Role role) const {
+        return trail_ ? below(step, {trail_, key, 0, role}) : *this;
     }
-    Reading element(Trail& step, std::size_t index, Role role) const {
-        if (trail_) step = {trail_, {}, index, role};
-        return along(step);
+    const Reading& element(Step& step, std::size_t index, Role role) const {
+        return trail_ ? below(step, {trail_, {}, index, role}) : *this;
     }
 
     /// Tells that `found` cannot be read as `expected`. Always false, so that a conversion can return it.
@@ -69,19 +69,18 @@ public:
     }
 
     /// Tells that a required value is not there. Always false.
-    bool miss(std::string_view expected) const { return trail_ && tell(expected, "nothing"); }
+    bool miss(std::string_view expected) const { return trail_ && tell(expected, nothing); }
 
     /// Tells that no reader asks for `found`.
     void notAsked(const Node& found) const;
 
 private:
-    Reading along(const Trail& step) const {
-        Reading reading = *this;
-        if (trail_) reading.trail_ = &step;
-        return reading;
-    }
+    friend struct Step;
+    Reading() = default;  // of a step that is not taken
 
+    const Reading& below(Step& step, const Trail& trail) const;
     bool tell(std::string_view expected, std::string_view found) const;
+    void tell(std::string_view expected, std::string_view found, Cost cost) const;
 
     static constexpr Trail top{nullptr, {}, 0, Role::root};
 
@@ -89,6 +88,16 @@ private:
     ReadReport* report_;
     const Trail* trail_;
     Form form_;
+};
+
+/// Room on the stack for one step of a trail. Nothing in it is set before the step is taken.
+struct Step {
+    Step() {}  // NOLINT(modernize-use-equals-default): a defaulted one would set the trail
+
+    union {
+        Trail trail;
+    };
+    Reading reading;
 };
 
 }  // namespace quorin::table

@@ -45,7 +45,20 @@ void Builder::string(std::string_view value) {
     node.text = arena_->text(value);
 }
 
+std::size_t Builder::begin() {
+    ++depth_;
+    return open_.size();
+}
+
+void Builder::share(const Node& value) {
+    if (value.height + depth_ > deepest)
+        copy(value);
+    else
+        open_.push_back(value);
+}
+
 void Builder::copy(const Node& value) {
+    if (value.height > 0 && depth_ >= deepest) return null();
     switch (value.kind) {
         case Kind::string: return string(value.string());
         case Kind::list: {
@@ -84,7 +97,8 @@ void Builder::close(Kind kind, std::size_t begun, const Node* items, std::size_t
     std::uint16_t height = 0;
     for (std::size_t i = begun; i < open_.size(); ++i) height = std::max(height, open_[i].height);
     open_.resize(begun);
-    if (height == deepest) return null();
+    --depth_;
+    if (height >= deepest) return null();
     Node& node = push(kind);
     node.height = static_cast<std::uint16_t>(height + 1);
     node.size = counted(size);

@@ -13,7 +13,7 @@ namespace quorin::json {
 /// begun, filled and ended. Inside an object each value follows its `name`; of two members of one name the last counts.
 class Builder {
 public:
-    /// A list or object of more levels than this becomes null: every walk over a tree is a recursion.
+    /// Every walk over a tree is a recursion: a list or object that would stand below so many others becomes null.
     static constexpr std::uint16_t deepest = 1024;
 
     /// `expected` is about how many bytes the tree will take.
@@ -28,11 +28,11 @@ public:
     void copy(const Node& value);  ///< with all that is below it
 
     /// A value whose contents stay where they stand: `keep` what holds them.
-    void share(const Node& value) { open_.push_back(value); }
+    void share(const Node& value);
     void keep(const Value& first, const Value& second) { arena_->keep(first.arena_, second.arena_); }
 
     void name(std::string_view name) { string(name); }
-    std::size_t begin() const { return open_.size(); }  ///< what the matching `end…` is told
+    std::size_t begin();  ///< yields what the matching `end…` is told
     void endList(std::size_t begun);
     void endObject(std::size_t begun);
 
@@ -45,6 +45,7 @@ private:
 
     ArenaPointer arena_;
     std::vector<Node> open_;  ///< values whose list or object has not ended yet
+    std::size_t depth_ = 0;   ///< lists and objects that have not ended yet
 };
 
 }  // namespace quorin::json

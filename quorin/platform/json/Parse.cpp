@@ -112,24 +112,44 @@ private:
     std::size_t depth_ = 0;
 };
 
-/// Parsers are dear to make and keep memory for the largest text they have read: each thread has one of its own, and
-/// gives it back after a text that was unusually large.
-class ThreadParser {
-public:
-    simdjson::dom::parser& get() {
-        if (!parser_) parser_ = std::make_unique<simdjson::dom::parser>();
-        return *parser_;
-    }
-    ~ThreadParser() = default;
+using Parser = simdjson::dom::parser;
 
-    void rest() {
-        if (parser_ && parser_->capacity() > largestKept) parser_.reset();
+/// The parser of this thread, kept from one text to the next because it is dear to make. Bare data, so that it can
+/// still be asked when the thread's objects are gone: handlers of an exit may parse too.
+struct ThreadParser {
+    Parser* parser;
+    bool isGone;
+};
+thread_local constinit ThreadParser threadParser{nullptr, false};
+
+/// Ends the parser with its thread.
+struct ThreadEnd {
+    ~ThreadEnd() {
+        delete std::exchange(threadParser.parser, nullptr);
+        threadParser.isGone = true;
     }
+};
+
+/// A parser for one text. It keeps memory for the largest it has read, so one that was unusually large takes it away.
+class Lease {
+public:
+    Lease() : parser_(std::exchange(threadParser.parser, nullptr)) {
+        if (!parser_) parser_ = std::make_unique<Parser>();
+    }
+    ~Lease() {
+        if (threadParser.isGone || parser_->capacity() > largestKept) return;
+        thread_local const ThreadEnd end;
+        threadParser.parser = parser_.release();
+    }
+    Lease(const Lease&) = delete;
+    Lease& operator=(const Lease&) = delete;
+
+    Parser& operator*() const { return *parser_; }
 
 private:
     static constexpr std::size_t largestKept = std::size_t{1} << 18;
 
-    std::unique_ptr<simdjson::dom::parser> parser_;
+    std::unique_ptr<Parser> parser_;
 };
 
 std::optional<Value> laid(element root, std::size_t textSize) {
@@ -140,14 +160,10 @@ std::optional<Value> laid(element root, std::size_t textSize) {
 }
 
 std::optional<Value> parseFast(std::string_view text, bool padded) {
-    thread_local ThreadParser threadParser;
-    std::optional<Value> value;
+    const Lease parser;
     element root;
-    if (threadParser.get().parse(text.data(), text.size(), !padded).get(root) == simdjson::SUCCESS) {
-        value = laid(root, text.size());
-    }
-    threadParser.rest();
-    return value;
+    const bool reads = (*parser).parse(text.data(), text.size(), !padded).get(root) == simdjson::SUCCESS;
+    return reads ? laid(root, text.size()) : std::nullopt;
 }
 
 }  // namespace

@@ -1,16 +1,17 @@
 #include "quorin/platform/json/Pointer.hpp"
 
+#include <algorithm>
+
 namespace quorin::json {
 
 void appendStep(std::string& pointer, std::string_view name) {
     pointer += '/';
-    for (const char c : name) {
-        if (c == '~')
-            pointer += "~0";
-        else if (c == '/')
-            pointer += "~1";
-        else
-            pointer += c;
+    for (;;) {
+        const std::size_t run = std::min(name.find_first_of("~/"), name.size());
+        pointer += name.substr(0, run);
+        if (run == name.size()) return;
+        pointer += name[run] == '~' ? "~0" : "~1";
+        name.remove_prefix(run + 1);
     }
 }
 

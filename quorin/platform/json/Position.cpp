@@ -22,7 +22,7 @@ struct Step {
         for (const Step* step = this; step->outer; step = step->outer) {
             if (!step->offset || *step->offset < *step->outer->offset) return false;
         }
-        return true;
+        return offset.has_value();
     }
 };
 
@@ -127,10 +127,16 @@ Position positionOf(std::string_view text, std::size_t offset) {
 
 std::vector<std::optional<Position>> positionsOf(std::string_view text, const std::vector<std::string>& pointers) {
     Step root;
+    const Step nowhere;
     std::vector<const Step*> ends;
     for (const std::string& pointer : pointers) {
         Step* step = &root;
-        for (std::string& name : stepsOf(pointer)) step = &step->next.try_emplace(std::move(name), step).first->second;
+        std::vector<std::string> names = stepsOf(pointer);
+        if (names.size() > deepestNesting) {  // leads nowhere: no text that parses is so deep
+            ends.push_back(&nowhere);
+            continue;
+        }
+        for (std::string& name : names) step = &step->next.try_emplace(std::move(name), step).first->second;
         ends.push_back(step);
     }
     text = withoutMark(text);
