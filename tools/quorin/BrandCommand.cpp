@@ -1,7 +1,7 @@
+#include "quorin/model/Brand.hpp"
+
 #include "Command.hpp"
 #include "Table.hpp"
-
-#include "quorin/model/Brand.hpp"
 
 #include <vector>
 
@@ -45,22 +45,24 @@ Outcome print(const std::vector<std::string>& texts, bool asJSON, Output& output
         table.row({named.input.value_or(""), brand.name(), brand.ID(), brand.analyticsID(), brand.appName(),
                    brand.legacyID(), brand.resourceID()});
     }
-    if (asJSON) output.json(json::List(records));
-    else output.text(table.text());
+    if (asJSON)
+        output.json(json::List(records));
+    else
+        output.text(table.text());
     return {};
 }
 
 }  // namespace
 
 void addBrand(CLI::App& program, Action& chosen) {
-    CLI::App& brand = command(program, "brand", "Print the brand that each TEXT names, or all brands",
-                              "quorin brand plw 011 --json");
-    const auto texts = std::make_shared<std::vector<std::string>>();
+    CLI::App& brand =
+        command(program, "brand", "Print the brand that each TEXT names, or all brands", "quorin brand plw 011 --json");
+    const auto spellings = std::make_shared<std::vector<std::string>>();
     const auto asJSON = std::make_shared<bool>(false);
-    brand.add_option("TEXT", *texts, "A spelling of a brand")->check(text());
-    brand.add_flag("--json", *asJSON, "Print a JSON list");
-    brand.callback([texts, asJSON, &chosen] {
-        chosen = [texts, asJSON](Session& session) { return print(*texts, *asJSON, session.output); };
+    texts(brand, "TEXT", *spellings, "A spelling of a brand").check(text());
+    flag(brand, "--json", *asJSON, "Print a JSON list");
+    brand.callback([spellings, asJSON, &chosen] {
+        chosen = [spellings, asJSON](Session& session) { return print(*spellings, *asJSON, session.output); };
     });
 }
 

@@ -2,18 +2,14 @@
 
 #include "quorin/platform/json/UTF8.hpp"
 
+#include "Joined.hpp"
+
+#include <algorithm>
 #include <charconv>
-#include <cstdint>
+#include <string_view>
 
 namespace quorin::tool {
 namespace {
-
-const CLI::Validator& accepting(bool (*accepts)(std::string_view), const std::string& otherwise) {
-    const auto check = [accepts, otherwise](const std::string& given) {
-        return accepts(given) ? std::string() : otherwise;
-    };
-    return *new CLI::Validator(check, "");
-}
 
 template <class Number>
 std::optional<Number> numberIn(std::string_view text) {
@@ -23,20 +19,28 @@ std::optional<Number> numberIn(std::string_view text) {
     return isWhole ? std::optional(number) : std::nullopt;
 }
 
-bool isWhole(std::string_view text) { return numberIn<std::uint64_t>(text).has_value(); }
-
-bool isTime(std::string_view text) {
-    const auto number = numberIn<double>(text);
-    return number && *number > 0 && *number <= 1e6;
+/// The parser's own numbers are not asked for: it takes 010 for 8.
+template <class Number>
+CLI::Option& numberOption(CLI::App& app, const std::string& name, Number& target, const std::string& meaning,
+                          bool (*accepts)(Number), const std::string& otherwise) {
+    const auto check = [accepts, otherwise](const std::string& given) {
+        const auto number = numberIn<Number>(given);
+        return number && accepts(*number) ? std::string() : otherwise;
+    };
+    const auto take = [&target](const std::string& given) { target = *numberIn<Number>(given); };
+    return *app.add_option_function<std::string>(name, take, meaning)->check(CLI::Validator(check, ""));
 }
 
 }  // namespace
-
 
 CLI::App& command(CLI::App& parent, const std::string& name, const std::string& purpose, const std::string& example) {
     CLI::App& made = *parent.add_subcommand(name, purpose);
     made.footer("Example: " + example + "\nThe options of every command: quorin --help");
     return made;
+}
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
+    return app.get_subcommands([](const CLI::App*) { return true; });
 }
 
 CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<std::string>& target,
@@ -45,20 +49,44 @@ CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<
         name, [&target](const std::string& given) { target = given; }, meaning);
 }
 
+CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
+                   const std::string& meaning) {
+    // Without extra arguments, because the parser takes "[a,b]" apart where they are allowed; so it must wait for many.
+    constexpr int many = 1 << 24;
+    CLI::Option& option = *app.add_option(name, target, meaning);
+    option.expected(many, many)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    return *option.allow_extra_args(false)->type_name("TEXT");
+}
+
+CLI::Option& flag(CLI::App& app, const std::string& name, bool& target, const std::string& meaning) {
+    return *app.add_flag(name, target, meaning)->disable_flag_override();
+}
+
+CLI::Validator oneOf(const std::vector<std::string>& names) {
+    const auto check = [names](const std::string& given) {
+        const bool isOne = std::find(names.begin(), names.end(), given) != names.end();
+        return isOne ? std::string() : "must be one of " + joined(names, ", ");
+    };
+    return {check, "{" + joined(names, ",") + "}"};
+}
+
 const CLI::Validator& text() {
-    static const CLI::Validator& validator = accepting(json::isUTF8, "is not UTF-8 text");
+    const auto check = [](const std::string& given) {
+        return json::isUTF8(given) ? std::string() : std::string("must be UTF-8 text");
+    };
+    static const auto& validator = *new CLI::Validator(check, "");
     return validator;
 }
 
-const CLI::Validator& bytes() {
-    static const CLI::Validator& validator = accepting(isWhole, "is not a number of bytes");
-    return validator;
+CLI::Option& bytes(CLI::App& app, const std::string& name, std::size_t& target, const std::string& meaning) {
+    return numberOption<std::size_t>(
+        app, name, target, meaning, [](std::size_t) { return true; }, "must be a whole number of bytes");
 }
 
-const CLI::Validator& seconds() {
-    static const CLI::Validator& validator =
-        accepting(isTime, "is not a number of seconds above 0 and up to 1000000");
-    return validator;
+CLI::Option& seconds(CLI::App& app, const std::string& name, double& target, const std::string& meaning) {
+    return numberOption<double>(
+        app, name, target, meaning, [](double time) { return time > 0 && time <= 1e6; },
+        "must be a number of seconds above 0 and up to 1000000");
 }
 
 }  // namespace quorin::tool

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quorin::tool {
 
@@ -30,17 +31,30 @@ void addCompletion(CLI::App& program, Action& chosen);
 /// A command with its example, which `act` carries out.
 CLI::App& command(CLI::App& parent, const std::string& name, const std::string& purpose, const std::string& example);
 
+/// The commands that stand directly below `app`.
+std::vector<const CLI::App*> commandsOf(const CLI::App& app);
+
 /// An option or argument that is absent unless it is given; an empty text is a text.
 CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<std::string>& target,
                           const std::string& meaning);
 
+/// An argument that takes any number of texts.
+CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
+                   const std::string& meaning);
+
+/// An option that is on or off.
+CLI::Option& flag(CLI::App& app, const std::string& name, bool& target, const std::string& meaning);
+
+/// Accepts one of `names`.
+CLI::Validator oneOf(const std::vector<std::string>& names);
+
 /// Accepts text in UTF-8, as every argument must be but the names of files.
 const CLI::Validator& text();
 
-/// Accepts a whole number of bytes.
-const CLI::Validator& bytes();
+/// An option that takes a whole number of bytes.
+CLI::Option& bytes(CLI::App& app, const std::string& name, std::size_t& target, const std::string& meaning);
 
-/// Accepts a time in seconds, fractions allowed, above zero and up to a million.
-const CLI::Validator& seconds();
+/// An option that takes a time in seconds, fractions allowed, above zero and up to a million.
+CLI::Option& seconds(CLI::App& app, const std::string& name, double& target, const std::string& meaning);
 
 }  // namespace quorin::tool

@@ -1,16 +1,11 @@
 #include "Command.hpp"
+#include "Joined.hpp"
 
 #include <string>
 #include <vector>
 
 namespace quorin::tool {
 namespace {
-
-std::string joined(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& word : words) (line += line.empty() ? "" : " ") += word;
-    return line;
-}
 
 std::vector<std::string> flagsOf(const CLI::App& app) {
     std::vector<std::string> flags;
@@ -20,45 +15,57 @@ std::vector<std::string> flagsOf(const CLI::App& app) {
     return flags;
 }
 
-std::vector<std::string> commandsOf(const CLI::App& app) {
-    std::vector<std::string> names;
-    for (const CLI::App* const inner : app.get_subcommands([](const CLI::App*) { return true; }))
-        names.push_back(inner->get_name());
-    return names;
-}
-
 /// One row a command: the words that may follow it.
 struct Row {
+    std::string parent;
     std::string path;
     std::string words;
+
+    std::string name() const { return path.substr(parent.empty() ? 0 : parent.size() + 1); }
 };
 
-void addRows(std::vector<Row>& rows, const CLI::App& app, const std::string& path, const std::string& global) {
-    const std::string own = joined(commandsOf(app));
-    rows.push_back({path, own + (own.empty() ? "" : " ") + joined(flagsOf(app)) + (path.empty() ? "" : " " + global)});
-    for (const CLI::App* const inner : app.get_subcommands([](const CLI::App*) { return true; }))
-        addRows(rows, *inner, path.empty() ? inner->get_name() : path + " " + inner->get_name(), global);
+void addRows(std::vector<Row>& rows, const CLI::App& app, const Row& row, const std::vector<std::string>& global) {
+    std::vector<std::string> words;
+    for (const CLI::App* const inner : commandsOf(app)) words.push_back(inner->get_name());
+    for (const std::string& own : flagsOf(app)) words.push_back(own);
+    if (!row.path.empty()) words.insert(words.end(), global.begin(), global.end());
+    rows.push_back({row.parent, row.path, joined(words, " ")});
+    for (const CLI::App* const inner : commandsOf(app)) {
+        const std::string& name = inner->get_name();
+        addRows(rows, *inner, {row.path, row.path.empty() ? name : row.path + " " + name, ""}, global);
+    }
+}
+
+/// The pattern of the words that name a command, each after the path of the one around it.
+std::string commandPattern(const std::vector<Row>& rows) {
+    std::vector<std::string> patterns;
+    for (const Row& row : rows) {
+        if (!row.path.empty()) patterns.push_back("'" + row.parent + ":" + row.name() + "'");
+    }
+    return joined(patterns, "|");
 }
 
 std::string casesOf(const std::vector<Row>& rows) {
     std::string cases;
-    for (const Row& row : rows) cases += "        '" + row.path + "') words='" + row.words + "' ;;\n";
+    for (const Row& row : rows) cases += "        '" + row.path + "') choices='" + row.words + "' ;;\n";
     return cases;
 }
 
 std::string forBash(const std::vector<Row>& rows) {
     return "# Completion of quorin for bash.\n"
            "_quorin() {\n"
-           "    local word path='' words='' current=${COMP_WORDS[COMP_CWORD]}\n"
+           "    local word path='' choices='' current=${COMP_WORDS[COMP_CWORD]}\n"
            "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
            "        case $path:$word in\n"
-           "        :[a-z]*|identity:[a-z]*) path=${path:+$path }$word ;;\n"
+           "        "
+           + commandPattern(rows)
+           + ") path=${path:+$path }$word ;;\n"
            "        esac\n"
            "    done\n"
            "    case $path in\n"
            + casesOf(rows)
            + "    esac\n"
-             "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$current\")\n"
+             "    mapfile -t COMPREPLY < <(compgen -W \"$choices\" -- \"$current\")\n"
              "}\n"
              "complete -o default -F _quorin quorin\n";
 }
@@ -66,17 +73,18 @@ std::string forBash(const std::vector<Row>& rows) {
 std::string forZsh(const std::vector<Row>& rows) {
     return "#compdef quorin\n"
            "_quorin() {\n"
-           "    local word command_path='' words_here=''\n"
+           "    local word command_path='' choices=''\n"
            "    for word in ${words[2,CURRENT-1]}; do\n"
            "        case $command_path:$word in\n"
-           "        :[a-z]*|identity:[a-z]*) command_path=${command_path:+$command_path }$word ;;\n"
+           "        "
+           + commandPattern(rows)
+           + ") command_path=${command_path:+$command_path }$word ;;\n"
            "        esac\n"
            "    done\n"
-           "    local words\n"
            "    case $command_path in\n"
            + casesOf(rows)
            + "    esac\n"
-             "    compadd -- ${=words}\n"
+             "    compadd -- ${=choices}\n"
              "    _files\n"
              "}\n"
              "compdef _quorin quorin\n";
@@ -105,11 +113,11 @@ void addCompletion(CLI::App& program, Action& chosen) {
     CLI::App& completion = command(program, "completion", "Print the completion script of a shell",
                                    "quorin completion bash > /etc/bash_completion.d/quorin");
     const auto shell = std::make_shared<std::string>();
-    completion.add_option("SHELL", *shell, "The shell")->required()->check(CLI::IsMember({"bash", "zsh", "fish"}));
+    completion.add_option("SHELL", *shell, "The shell")->required()->check(oneOf({"bash", "zsh", "fish"}));
     completion.callback([&program, shell, &chosen] {
         chosen = [&program, shell](Session& session) -> Outcome {
             std::vector<Row> rows;
-            addRows(rows, program, "", joined(flagsOf(program)));
+            addRows(rows, program, {}, flagsOf(program));
             session.output.text(*shell == "bash" ? forBash(rows) : *shell == "zsh" ? forZsh(rows) : forFish(rows));
             return {};
         };

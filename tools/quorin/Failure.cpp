@@ -40,9 +40,12 @@ Failure Failure::own(std::string_view kind, std::string message, int status) {
 
 Failure Failure::of(const rx::Error& error, std::string_view what) {
     Failure failure{.message = std::string(what) + ": " + error.description()};
-    if (const auto* oops = error.as<Oops>()) failure.record = recordOf(*oops);
-    else if (const auto* request = error.as<SkellError>()) failure.record = recordOf(*request);
-    else failure.record = own("noValue", failure.message).record;
+    if (const auto* oops = error.as<Oops>())
+        failure.record = recordOf(*oops);
+    else if (const auto* request = error.as<SkellError>())
+        failure.record = recordOf(*request);
+    else
+        failure.record = own("noValue", failure.message).record;
     return failure;
 }
 

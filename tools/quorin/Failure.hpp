@@ -10,9 +10,9 @@ namespace quorin::tool {
 
 /// Why a command failed, for people and for programs.
 struct Failure {
-    std::string message{};           ///< one line: what happened, where, what to do about it
-    json::DocumentMap record{};      ///< the same as `--errors json` prints it
-    int status = 1;                  ///< what the program exits with
+    std::string message{};       ///< one line: what happened, where, what to do about it
+    json::DocumentMap record{};  ///< the same as `--errors json` prints it
+    int status = 1;              ///< what the program exits with
 
     /// A failure of the program's own. `kind` is "usage", "file", "notRead", "noService", "noValue" or "store".
     static Failure own(std::string_view kind, std::string message, int status = 1);

@@ -1,7 +1,7 @@
+#include "quorin/platform/json/Builder.hpp"
+
 #include "Command.hpp"
 #include "Source.hpp"
-
-#include "quorin/platform/json/Builder.hpp"
 
 namespace quorin::tool {
 namespace {

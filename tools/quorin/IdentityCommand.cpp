@@ -1,7 +1,7 @@
+#include "quorin/platform/foundation/Masked.hpp"
+
 #include "Command.hpp"
 #include "IdentityNames.hpp"
-
-#include "quorin/platform/foundation/Masked.hpp"
 
 #include <vector>
 
@@ -42,16 +42,19 @@ Outcome newParent(Session& session) {
 
 Outcome bind(Session& session, bool parent) {
     const auto bind = session.manager().profileBind({.parent = parent});
-    if (!bind) return Failure::own("noValue", "there is no profile token to bind; set one: quorin identity set profileJWT TOKEN");
+    if (!bind)
+        return Failure::own("noValue",
+                            "there is no profile token to bind; set one: quorin identity set profileJWT TOKEN");
     session.output.json(bind->encode());
     return {};
 }
 
 void addSet(CLI::App& identity, Action& chosen) {
-    CLI::App& set = command(identity, "set", "Assign an identity value and keep it", "quorin identity set VEXOMVPD provider");
+    CLI::App& set =
+        command(identity, "set", "Assign an identity value and keep it", "quorin identity set VEXOMVPD provider");
     const auto name = std::make_shared<std::string>();
     const auto value = std::make_shared<std::string>();
-    set.add_option("NAME", *name, "The value's name")->required()->check(CLI::IsMember(IdentityName::all(false)));
+    set.add_option("NAME", *name, "The value's name")->required()->check(oneOf(IdentityName::all(false)));
     set.add_option("VALUE", *value, "The new value; an empty one is a value")->required()->check(text());
     set.callback([=, &chosen] { chosen = [=](Session& session) { return assign(session, *name, *value); }; });
 }
@@ -59,32 +62,33 @@ void addSet(CLI::App& identity, Action& chosen) {
 void addUnset(CLI::App& identity, Action& chosen) {
     CLI::App& unset = command(identity, "unset", "Make an identity value absent", "quorin identity unset profileJWT");
     const auto name = std::make_shared<std::string>();
-    unset.add_option("NAME", *name, "The value's name")->required()->check(CLI::IsMember(IdentityName::all(true)));
+    unset.add_option("NAME", *name, "The value's name")->required()->check(oneOf(IdentityName::all(true)));
     unset.callback([=, &chosen] { chosen = [=](Session& session) { return assign(session, *name, {}); }; });
 }
 
 void addBind(CLI::App& identity, Action& chosen) {
     CLI::App& made = command(identity, "bind", "Print the profile with its token", "quorin identity bind --parent");
     const auto parent = std::make_shared<bool>(false);
-    made.add_flag("--parent", *parent, "Bind the parent profile, not the child");
+    flag(made, "--parent", *parent, "Bind the parent profile, not the child");
     made.callback([=, &chosen] { chosen = [=](Session& session) { return bind(session, *parent); }; });
 }
 
 }  // namespace
 
 void addIdentity(CLI::App& program, Action& chosen) {
-    CLI::App& identity = command(program, "identity", "Print the identity values, or change them", "quorin identity --reveal");
+    CLI::App& identity =
+        command(program, "identity", "Print the identity values, or change them", "quorin identity --reveal");
     identity.require_subcommand(0, 1);
     const auto reveal = std::make_shared<bool>(false);
-    identity.add_flag("--reveal", *reveal, "Print the account identifier and the token unmasked");
+    flag(identity, "--reveal", *reveal, "Print the account identifier and the token unmasked");
     addSet(identity, chosen);
     addUnset(identity, chosen);
-    CLI::App& fresh = command(identity, "new-parent", "Make and print a new parent identifier", "quorin identity new-parent");
+    CLI::App& fresh =
+        command(identity, "new-parent", "Make and print a new parent identifier", "quorin identity new-parent");
     fresh.callback([&chosen] { chosen = newParent; });
     addBind(identity, chosen);
     identity.callback([=, &identity, &chosen] {
-        if (identity.get_subcommands().empty())
-            chosen = [=](Session& session) { return printAll(session, *reveal); };
+        if (identity.get_subcommands().empty()) chosen = [=](Session& session) { return printAll(session, *reveal); };
     });
 }
 

@@ -21,7 +21,8 @@ constexpr std::array<IdentityName, 6> names{{
 }  // namespace
 
 const IdentityName* IdentityName::find(std::string_view name) {
-    const auto found = std::find_if(names.begin(), names.end(), [&](const IdentityName& row) { return row.name == name; });
+    const auto found =
+        std::find_if(names.begin(), names.end(), [&](const IdentityName& row) { return row.name == name; });
     return found == names.end() ? nullptr : &*found;
 }
 

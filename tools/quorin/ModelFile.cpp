@@ -1,9 +1,9 @@
 #include "ModelFile.hpp"
 
-#include "Source.hpp"
-
 #include "quorin/platform/foundation/File.hpp"
 #include "quorin/platform/json/Parse.hpp"
+
+#include "Source.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -21,17 +21,17 @@ std::string whyNothingWasRead(const ReadReport& report) {
     const auto ends = [](const Finding& finding) { return finding.cost == Cost::nothingRead; };
     const auto found = std::find_if(report.findings.begin(), report.findings.end(), ends);
     if (found == report.findings.end()) return "nothing could be read";
-    const std::string place = found->pointer.empty() ? "the object itself" : found->pointer;
-    return place + " must be " + std::string(found->expected) + " and is " + std::string(found->found);
+    const std::string place = found->pointer.empty() ? "" : " at " + found->pointer;
+    return "expected " + std::string(found->expected) + place + ", found " + std::string(found->found);
 }
 
 }  // namespace
 
 void ModelArguments::addTo(CLI::App& command) {
-    command.add_option("TYPE", type, "The model type")->required()->check(CLI::IsMember(typeNames()));
+    command.add_option("TYPE", type, "The model type")->required()->check(oneOf(typeNames()));
     command.add_option("--form", form, "The form of the object: server (the default) or archived")
         ->type_name("FORM")
-        ->check(CLI::IsMember({"server", "archived"}));
+        ->check(oneOf({"server", "archived"}));
 }
 
 ReadArguments ModelArguments::readArguments() const {

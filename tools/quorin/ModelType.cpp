@@ -19,9 +19,8 @@ private:
 };
 
 template <class Model>
-concept Named = requires(const DocumentMap& map, std::string_view name, ReadReport* report) {
-    Model::fromJSON(map, name, report);
-};
+concept Named =
+    requires(const DocumentMap& map, std::string_view name, ReadReport* report) { Model::fromJSON(map, name, report); };
 
 template <class Model>
 std::optional<Model> read(const DocumentMap& map, const ReadArguments& arguments, ReadReport& report) {
@@ -45,17 +44,18 @@ ModelType row() {
 
 const std::vector<ModelType>& ModelType::all() {
     static const auto& types = *new std::vector<ModelType>{
-        row<Configuration>(), row<Initialize>(),     row<AppVersion>(),   row<ApplicationData>(),
-        row<Common>(),        row<Auth>(),           row<Profile>(),      row<Group>(),
-        row<Feature>(),       row<Player>(),         row<Ads>(),          row<ContinuousPlayback>(),
-        row<Timing>(),        row<Duration>(),       row<AnalyticSuite>(), row<ConfigLayout>(),
+        row<Configuration>(), row<Initialize>(),    row<AppVersion>(),    row<ApplicationData>(),
+        row<Common>(),        row<Auth>(),          row<Profile>(),       row<Group>(),
+        row<Feature>(),       row<Player>(),        row<Ads>(),           row<ContinuousPlayback>(),
+        row<Timing>(),        row<Duration>(),      row<AnalyticSuite>(), row<ConfigLayout>(),
         row<WebService>(),    row<AnonymousBind>(),
     };
     return types;
 }
 
 const ModelType* ModelType::find(std::string_view name) {
-    const auto found = std::find_if(all().begin(), all().end(), [&](const ModelType& type) { return type.name == name; });
+    const auto found =
+        std::find_if(all().begin(), all().end(), [&](const ModelType& type) { return type.name == name; });
     return found == all().end() ? nullptr : &*found;
 }
 

@@ -2,6 +2,8 @@
 
 #include "quorin/platform/foundation/RawValues.hpp"
 
+#include "Joined.hpp"
+
 #include <algorithm>
 #include <numeric>
 
@@ -24,12 +26,6 @@ std::size_t distance(std::string_view left, std::string_view right) {
     return row.back();
 }
 
-std::string joined(const std::vector<std::string_view>& texts) {
-    std::string line;
-    for (const std::string_view text : texts) (line += line.empty() ? "" : ", ") += text;
-    return line;
-}
-
 }  // namespace
 
 std::string nearest(std::string_view text, const std::vector<std::string_view>& known) {
@@ -39,7 +35,7 @@ std::string nearest(std::string_view text, const std::vector<std::string_view>& 
         const std::size_t limit = candidate.size() <= 3 ? 1 : 2;
         if (text.size() <= longest && distance(text, candidate) <= limit) near.push_back(candidate);
     }
-    return joined(near.empty() ? known : near);
+    return joined(near.empty() ? known : near, ", ");
 }
 
 }  // namespace quorin::tool

@@ -22,7 +22,8 @@ std::string escaped(std::string_view text, std::string_view keep) {
     std::string safe;
     while (!text.empty()) {
         std::size_t size = controlAt(text);
-        if (size == 0 || keep.find(text[0]) != keep.npos) safe += text.substr(0, size = 1);
+        if (size == 0 || keep.find(text[0]) != keep.npos)
+            safe += text.substr(0, size = 1);
         else {
             const auto code = static_cast<unsigned char>(text[size - 1]);
             ((safe += "\\u00") += hex[code >> 4U]) += hex[code & 0xFU];
@@ -32,9 +33,7 @@ std::string escaped(std::string_view text, std::string_view keep) {
     return safe;
 }
 
-void writeError(const std::string& line) {
-    std::fputs(("quorin: " + line + "\n").c_str(), stderr);
-}
+void writeError(const std::string& line) { std::fputs(("quorin: " + line + "\n").c_str(), stderr); }
 
 }  // namespace
 

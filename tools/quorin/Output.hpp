@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Failure.hpp"
-
 #include "quorin/platform/json/Print.hpp"
 #include "quorin/platform/json/Value.hpp"
+
+#include "Failure.hpp"
 
 #include <string>
 #include <string_view>

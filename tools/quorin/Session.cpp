@@ -25,9 +25,9 @@ ConfigurationManager::Instance& Session::manager() {
 
 Platform Session::platform() const {
     Platform made = Platform::standard({unlessEmpty(options.bundleName), unlessEmpty(options.bundleVersion)});
-    made.store = std::make_shared<MorrStandard>(
-        options.store ? morr::Options{.path = *options.store, .setAsideDamaged = false}
-                      : morr::Options{.path = MorrStandard::defaultPath("quorin")});
+    made.store =
+        std::make_shared<MorrStandard>(options.store ? morr::Options{.path = *options.store, .setAsideDamaged = false}
+                                                     : morr::Options{.path = MorrStandard::defaultPath("quorin")});
     replace(made.device.model, options.deviceModel);
     replace(made.device.systemName, options.systemName);
     replace(made.device.systemVersion, options.systemVersion);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Output.hpp"
-
 #include "quorin/core/ConfigurationManager.hpp"
+
+#include "Output.hpp"
 
 #include <cstddef>
 #include <memory>

@@ -1,8 +1,8 @@
+#include "quorin/platform/json/Print.hpp"
+
 #include "Command.hpp"
 #include "Source.hpp"
 #include "Table.hpp"
-
-#include "quorin/platform/json/Print.hpp"
 
 namespace quorin::tool {
 namespace {
@@ -20,8 +20,10 @@ std::string inWords(const Value& value) {
 void addFields(Table& table, const DocumentMap& section, const std::string& path) {
     for (const auto& [name, value] : section) {
         const std::string here = path + std::string(name);
-        if (const auto inner = value.asObject()) addFields(table, *inner, here + ".");
-        else table.row({here, inWords(value)});
+        if (const auto inner = value.asObject())
+            addFields(table, *inner, here + ".");
+        else
+            table.row({here, inWords(value)});
     }
 }
 
@@ -41,7 +43,8 @@ void showSection(Output& output, const DocumentMap& encoded, std::string_view ke
 
 void showServices(Output& output, const Configuration& configuration) {
     if (!configuration.webServices) return;
-    showHeading(output, std::string(Keys::webServices) + " (" + std::to_string(configuration.webServices->size()) + ")");
+    showHeading(output,
+                std::string(Keys::webServices) + " (" + std::to_string(configuration.webServices->size()) + ")");
     Table table(2);
     table.row({"NAME", "METHOD", "URL", "CONTENT TYPE"});
     for (const auto& [name, service] : *configuration.webServices)
@@ -53,7 +56,7 @@ void showGroups(Output& output, const Configuration& configuration) {
     if (!configuration.groups) return;
     showHeading(output, Keys::groups);
     Table table(2);
-    for (const Group& group : *configuration.groups) table.row({group.id, group.title});
+    for (const Group& group : *configuration.groups) table.row({group.id(), group.title()});
     output.text(table.text());
 }
 
@@ -63,7 +66,8 @@ void showEntries(Output& output, const DocumentMap& encoded, std::string_view ke
     if (!value) return;
     showHeading(output, key);
     Table table(2);
-    for (const auto& [name, entry] : *value->asObject()) {
+    const DocumentMap entries = *value->asObject();
+    for (const auto& [name, entry] : entries) {
         const auto params = entry.asObject()->find(Feature::Keys::params);
         table.row({name, json::print(params ? *params : entry)});
     }

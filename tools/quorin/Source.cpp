@@ -1,7 +1,5 @@
 #include "Source.hpp"
 
-#include "Nearest.hpp"
-
 #include "quorin/platform/foundation/File.hpp"
 #include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/foundation/SHA256.hpp"
@@ -9,7 +7,12 @@
 #include "quorin/platform/json/UTF8.hpp"
 #include "quorin/platform/ombrith/Oops.hpp"
 #include "quorin/platform/rx/Wait.hpp"
+#include "quorin/platform/skell/SkellError.hpp"
 
+#include "Nearest.hpp"
+#include "StandardInput.hpp"
+
+#include <filesystem>
 #include <utility>
 
 namespace quorin::tool {
@@ -41,10 +44,12 @@ std::optional<Brand> brandOf(const std::optional<std::string>& text, Output& out
     return brand;
 }
 
-/// What is wrong with a file that did not load, in more words than the library's record has.
-std::string whatIsWrong(const std::string& name, const rx::Error& error) {
-    if (name == "-") return error.description();
-    const auto read = foundation::readFile(name);
+/// What is wrong with a file that did not load, in more words than the library's record has. A pipe cannot be read
+/// again.
+std::string whatIsWrong(const std::string& path, const rx::Error& error) {
+    std::error_code failure;
+    if (std::filesystem::is_fifo(path, failure)) return error.description() + "; write a JSON object to the pipe";
+    const auto read = foundation::readFile(path);
     if (!read) return read.failure.message() + "; name a file that can be read";
     const auto parsed = json::parse(read.bytes);
     if (const auto* broken = parsed.error())
@@ -62,9 +67,7 @@ void Source::addTo(CLI::App& command, bool required, bool withDevice) {
     command.add_option("SOURCE", name, "An http or https URL, or the path of a file; - is standard input")
         ->required(required)
         ->check(CLI::Validator(isUTF8URL, ""));
-    optionalText(command, "--brand", brand, "The brand, in any accepted spelling")
-        .type_name("TEXT")
-        ->check(text());
+    optionalText(command, "--brand", brand, "The brand, in any accepted spelling").type_name("TEXT")->check(text());
     if (withDevice)
         optionalText(command, "--device", device, "The device identifier (one of this machine by default)")
             .type_name("ID")
@@ -86,12 +89,15 @@ std::variant<ConfigurationPointer, Failure> Source::load(Session& session, std::
     if (loaded) return *loaded;
     Failure failure = Failure::of(loaded.error(), "cannot load " + (isURL(name) ? "the URL" : calledFile(name)));
     if (!isURL(name))
-        failure.message = "cannot load " + calledFile(name) + ": " + whatIsWrong(name, loaded.error());
+        failure.message = "cannot load " + calledFile(name) + ": " + whatIsWrong(pathOf(name), loaded.error());
     return failure;
 }
 
-std::string pathOf(const std::string& name) { return name == "-" ? "/dev/stdin" : name; }
+std::string pathOf(const std::string& name) { return name == "-" ? standardInputPath() : name; }
 
-std::string calledFile(const std::string& name) { return name == "-" ? "standard input" : name; }
+std::string calledFile(const std::string& name) {
+    if (name == "-") return "standard input";
+    return name.find(":/") == name.npos ? name : skell::redacted(name);
+}
 
 }  // namespace quorin::tool

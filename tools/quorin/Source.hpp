@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Command.hpp"
-
 #include "quorin/core/LoadArguments.hpp"
 #include "quorin/platform/rx/Result.hpp"
+
+#include "Command.hpp"
 
 #include <memory>
 #include <optional>
@@ -31,7 +31,7 @@ struct Source {
 /// The path at which a file named on the command line is read.
 std::string pathOf(const std::string& name);
 
-/// How a file is called in a message.
+/// How a file is called in a message. A URL that was meant, of another scheme, keeps its secrets.
 std::string calledFile(const std::string& name);
 
 }  // namespace quorin::tool

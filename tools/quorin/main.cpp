@@ -1,59 +1,76 @@
+#include "Arguments.hpp"
 #include "Command.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace quorin::tool {
 namespace {
 
 constexpr int usageStatus = 2;
 
-void addGlobalOptions(CLI::App& program, GlobalOptions& options, bool& compact, std::string& errors) {
-    const auto add = [&]<class Target>(const std::string& flag, Target& target, const std::string& variable,
-                                       const std::string& type, const std::string& meaning) {
-        CLI::Option* option = nullptr;
-        if constexpr (requires { target.reset(); }) option = &optionalText(program, flag, target, meaning);
-        else option = program.add_option(flag, target, meaning);
-        return option->envname(variable)->type_name(type);
+/// The texts of the options that are converted when all arguments are known.
+struct Forms {
+    bool compact = false;
+    std::string errors = "text";
+};
+
+void addFacts(CLI::App& program, GlobalOptions& options) {
+    const auto add = [&](const char* name, auto& target, const char* variable, const char* meaning) {
+        const auto take = [&target](const std::string& given) { target = given; };
+        program.add_option_function<std::string>(name, take, meaning)->envname(variable)->type_name("S")->check(text());
     };
-    add("--store", options.store, "QUORIN_STORE", "FILE", "The key-value store; :memory: keeps nothing");
-    add("--bundle-name", options.bundleName, "QUORIN_BUNDLE_NAME", "S", "The main bundle's name")->check(text());
-    add("--bundle-version", options.bundleVersion, "QUORIN_BUNDLE_VERSION", "S", "Its short version")->check(text());
-    add("--device-model", options.deviceModel, "QUORIN_DEVICE_MODEL", "S", "The device's model")->check(text());
-    add("--system-name", options.systemName, "QUORIN_SYSTEM_NAME", "S", "Its system")->check(text());
-    add("--system-version", options.systemVersion, "QUORIN_SYSTEM_VERSION", "S", "The system's version")->check(text());
-    add("--locale", options.locale, "QUORIN_LOCALE", "S", "The user's locale")->check(text());
-    add("--timeout", options.timeout, "QUORIN_TIMEOUT", "SECONDS", "Whole time of one request (30)")
-        ->check(seconds());
-    add("--max-body", options.maxBody, "QUORIN_MAX_BODY", "BYTES", "Largest decoded response body (16777216)")
-        ->check(bytes());
-    add("--ca-file", options.caFile, "QUORIN_CA_FILE", "FILE", "Certificates to trust instead of the system's");
-    program.add_flag("--compact", compact, "Print JSON on one line")->envname("QUORIN_COMPACT");
-    add("--errors", errors, "QUORIN_ERRORS", "FORM", "The form of errors: text (the default) or json")
-        ->check(CLI::IsMember({"text", "json"}));
+    add("--bundle-name", options.bundleName, "QUORIN_BUNDLE_NAME", "The main bundle's name; empty: it has none");
+    add("--bundle-version", options.bundleVersion, "QUORIN_BUNDLE_VERSION", "Its short version; empty: it has none");
+    add("--device-model", options.deviceModel, "QUORIN_DEVICE_MODEL", "The device's model");
+    add("--system-name", options.systemName, "QUORIN_SYSTEM_NAME", "Its system");
+    add("--system-version", options.systemVersion, "QUORIN_SYSTEM_VERSION", "The system's version");
+    add("--locale", options.locale, "QUORIN_LOCALE", "The user's locale");
+}
+
+void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
+    optionalText(program, "--store", options.store, "The key-value store; :memory: keeps nothing")
+        .envname("QUORIN_STORE")
+        ->type_name("FILE");
+    addFacts(program, options);
+    seconds(program, "--timeout", options.timeout, "Whole time of one request (30)")
+        .envname("QUORIN_TIMEOUT")
+        ->type_name("SECONDS");
+    bytes(program, "--max-body", options.maxBody, "Largest decoded response body (16777216)")
+        .envname("QUORIN_MAX_BODY")
+        ->type_name("BYTES");
+    optionalText(program, "--ca-file", options.caFile, "Certificates to trust instead of the system's")
+        .envname("QUORIN_CA_FILE")
+        ->type_name("FILE");
+    flag(program, "--compact", forms.compact, "Print JSON on one line").envname("QUORIN_COMPACT");
+    program.add_option("--errors", forms.errors, "The form of errors: text (the default) or json")
+        ->envname("QUORIN_ERRORS")
+        ->type_name("FORM")
+        ->check(oneOf({"text", "json"}));
 }
 
 void addCommands(CLI::App& program, Action& chosen) {
-    for (const auto add : {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addHeaders, addUserAgent,
-                           addCompletion})
+    program.require_subcommand(1);
+    for (const auto add :
+         {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addHeaders, addUserAgent, addCompletion})
         add(program, chosen);
 }
 
-/// Whether errors are wanted as JSON, asked where the arguments do not parse.
-bool wantsJSONErrors(int argc, const char* const* argv) {
-    const char* const variable = std::getenv("QUORIN_ERRORS");
-    bool wants = variable && std::string_view(variable) == "json";
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        if (argument == "--") break;
-        if (argument.starts_with("--errors=")) wants = argument == "--errors=json";
-        if (argument == "--errors" && i + 1 < argc) wants = std::string_view(argv[i + 1]) == "json";
-    }
-    return wants;
+/// The version is asked for by the first word alone: elsewhere `--version` is an option of a command.
+void addVersion(CLI::App& program, Action& chosen) {
+    program.add_flag("--version")->required()->description("Print the program's version");
+    program.callback([&chosen] {
+        chosen = [](Session& session) -> Outcome {
+            session.output.line("quorin " QUORIN_VERSION);
+            return {};
+        };
+    });
 }
 
 int run(Session& session, const Action& chosen) {
@@ -66,39 +83,43 @@ int run(Session& session, const Action& chosen) {
     return outcome->status;
 }
 
-int usageError(const CLI::App& program, const std::string& message, const Output& output) {
+int usageError(const CLI::App& program, const CLI::ParseError& error, const Output& output) {
     std::fputs(program.help().c_str(), stderr);
-    output.fail(Failure::own("usage", message));
+    output.fail(Failure::own("usage", usageMessage(error, program)));
     return usageStatus;
 }
 
 int main(int argc, const char* const* argv) {
     Session session;
-    if (argc == 2 && std::string_view(argv[1]) == "--version") {
-        session.output.line("quorin " QUORIN_VERSION);
-        return session.output.flush() ? 0 : 1;
-    }
+    Forms forms;
+    Action chosen;
     CLI::App program("Loads the remote configuration of a brand and keeps what its requests need.", "quorin");
     program.footer("Example: quorin load config.json --brand orvel\nThe version: quorin --version");
     program.fallthrough();
-    program.require_subcommand(1);
-    bool compact = false;
-    std::string errors = "text";
-    Action chosen;
-    addGlobalOptions(program, session.options, compact, errors);
-    addCommands(program, chosen);
+    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    addGlobalOptions(program, session.options, forms);
+    (argc > 1 && std::string_view(argv[1]) == "--version" ? addVersion : addCommands)(program, chosen);
+    const std::vector<std::string> words = argumentsOf(argc, argv, program);
+    session.output.errorForm = wantsJSONErrors(words) ? ErrorForm::json : ErrorForm::text;
     try {
-        program.parse(argc, argv);
+        program.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     } catch (const CLI::CallForHelp&) {
-        session.output.text(program.help());
-        return session.output.flush() ? 0 : 1;
+        chosen = [&program](Session& helped) -> Outcome { return helped.output.text(program.help()), std::nullopt; };
     } catch (const CLI::ParseError& error) {
-        session.output.errorForm = wantsJSONErrors(argc, argv) ? ErrorForm::json : ErrorForm::text;
-        return usageError(program, error.what(), session.output);
+        return usageError(program, error, session.output);
     }
-    if (compact) session.output.layout = json::Layout::compact;
-    if (errors == "json") session.output.errorForm = ErrorForm::json;
+    if (forms.compact) session.output.layout = json::Layout::compact;
+    session.output.errorForm = forms.errors == "json" ? ErrorForm::json : ErrorForm::text;
     return run(session, chosen);
+}
+
+/// A file opened later must not take the place of a standard stream that the caller closed.
+void fillClosedStreams() {
+    int file = 0;
+    do {
+        file = open("/dev/null", O_RDONLY);
+    } while (file >= 0 && file <= STDERR_FILENO);
+    if (file >= 0) close(file);
 }
 
 }  // namespace
@@ -107,6 +128,7 @@ int main(int argc, const char* const* argv) {
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+    quorin::tool::fillClosedStreams();
     try {
         return quorin::tool::main(argc, argv);
     } catch (const std::exception& error) {
