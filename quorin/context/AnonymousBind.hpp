@@ -18,6 +18,7 @@ struct AnonymousBind {
         static constexpr std::string_view profileJWT = "jwt";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<AnonymousBind> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<AnonymousBind> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

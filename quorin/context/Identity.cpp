@@ -55,13 +55,16 @@ Identity::Identity(const Platform& platform, const StoredIdentity& stored)
 /// The subscriptions last as long as the cells. They keep the observers connected, which is why a host that subscribes
 /// later gets no current value.
 void Identity::persist() {
-    persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store);
+    followAccount();
     persistUnder(PersistenceKeys::parentProfileID, parentProfileIDObserver_, platform_.store);
     persistUnder(PersistenceKeys::childProfileID, childProfileIDObserver_, platform_.store);
     persistUnder(PersistenceKeys::profileJWT, profileJWTObserver_, platform_.store);
     persistUnder(PersistenceKeys::domain, configDomain_.asObservable(), platform_.store);
     persistUnder(PersistenceKeys::vexoMVPD, vexoMVPD_.asObservable(), platform_.store);
 }
+
+/// What has to happen whenever the account changes, and once with the account that was restored.
+void Identity::followAccount() { persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store); }
 
 void Identity::setUserAgent(const std::string& existing) {
     userAgent_.assign(ConfigurationManagerUtils::generateUserAgent(existing, platform_));

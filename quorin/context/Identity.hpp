@@ -14,11 +14,13 @@ namespace quorin {
 struct StoredIdentity;
 
 /// The identity and session values that every request needs, each in an observable cell. The persistent ones are
-/// restored from the store in one read and put back at every change, before the assignment returns. Any thread.
+/// restored from the store in one read and put back at every change, before the assignment returns (but for the one
+/// case that `rx::Variable::assign` names). Any thread.
 class Identity {
 public:
     using OptionalText = std::optional<std::string>;
 
+    /// `platform` has to outlive it.
     explicit Identity(const Platform& platform);
 
     OptionalText kova() const { return kova_.value(); }
@@ -61,6 +63,7 @@ public:
 private:
     Identity(const Platform& platform, const StoredIdentity& stored);
     void persist();
+    void followAccount();
 
     const Platform& platform_;
     rx::Variable<std::string> parentProfileID_;

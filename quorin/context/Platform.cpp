@@ -22,52 +22,53 @@ struct Slot {
     }
 };
 
-template <class Service>
-void complete(Service& service, const Service& standard) {
-    if (!service) service = standard;
-}
-
-Platform take() {
+/// Takes what was installed, and lets nothing be installed any more.
+std::optional<Platform> take() {
     Slot& slot = Slot::shared();
     const std::lock_guard lock(slot.mutex);
     slot.taken = true;
-    return slot.installed ? *std::exchange(slot.installed, {}) : Platform::standard();
+    return std::exchange(slot.installed, {});
+}
+
+Platform installedOrStandard() {
+    auto installed = take();
+    return installed ? *std::move(installed) : Platform::standard();
 }
 
 }  // namespace
 
 Platform Platform::standard(foundation::Bundle bundle) {
-    const std::string name = bundle.name.value_or("");
-    return {.store = std::make_shared<MorrStandard>(morr::Options{.path = MorrStandard::defaultPath(name)}),
-            .transport = skell::Transport::standard(),
-            .bundle = std::move(bundle),
-            .device = foundation::Device::current(),
-            .locale = foundation::currentLocale,
-            .uuid = foundation::randomUUID,
-            .clock = std::chrono::system_clock::now};
+    Platform made{.transport = skell::Transport::standard(), .bundle = std::move(bundle)};
+    return made.completed();
 }
 
 Platform Platform::completed() const {
     Platform whole = *this;
-    const Platform standard = Platform::standard(bundle);
-    complete(whole.store, standard.store);
-    complete(whole.locale, standard.locale);
-    complete(whole.uuid, standard.uuid);
-    complete(whole.clock, standard.clock);
+    if (!whole.store) {
+        const std::string path = MorrStandard::defaultPath(bundle.name.value_or(""));
+        whole.store = std::make_shared<MorrStandard>(morr::Options{.path = path});
+    }
+    if (whole.device == foundation::Device()) whole.device = foundation::Device::current();
+    if (!whole.locale) whole.locale = foundation::currentLocale;
+    if (!whole.uuid) whole.uuid = foundation::randomUUID;
+    if (!whole.clock) whole.clock = std::chrono::system_clock::now;
     return whole;
 }
 
 bool platform::install(const Platform& services) {
-    Slot& slot = Slot::shared();
-    const std::lock_guard lock(slot.mutex);
-    if (slot.taken) return false;
+    std::optional<Platform> whole = services.completed();
+    {
+        Slot& slot = Slot::shared();
+        const std::lock_guard lock(slot.mutex);
+        if (slot.taken) return false;
+        slot.installed.swap(whole);
+    }
     skell::Transport::setStandard(services.transport);
-    slot.installed = services.completed();
     return true;
 }
 
 const Platform& platform::current() {
-    static const Platform& services = *new Platform(take());
+    static const Platform& services = *new Platform(installedOrStandard());
     return services;
 }
 

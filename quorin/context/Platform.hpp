@@ -26,7 +26,7 @@ struct Platform {
     /// The machine's own services, for an app with this bundle: the store is `MorrStandard::defaultPath` of its name.
     static Platform standard(foundation::Bundle bundle = {});
 
-    /// This one with the standard services in the place of those that are missing.
+    /// This one with the standard services, and the machine's facts, in the place of those that are missing.
     Platform completed() const;
 };
 

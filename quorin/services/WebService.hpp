@@ -30,6 +30,7 @@ struct WebService {
         static constexpr std::string_view value = "value";
     };
 
+    /// The server reader, the reader of the archived form, and its writer, as `table/Section.hpp` tells.
     static std::optional<WebService> fromJSON(const DocumentMap& json, ReadReport* report = nullptr);
     static std::optional<WebService> fromEncoded(const DocumentMap& encoded, ReadReport* report = nullptr);
     DocumentMap encode() const;

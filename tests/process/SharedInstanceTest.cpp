@@ -1,5 +1,6 @@
 #include "quorin/context/ConfigurationManagerUtils.hpp"
 #include "quorin/core/ConfigurationManager.hpp"
+#include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/rx/Wait.hpp"
 
 #include "tests/context/Testbed.hpp"
@@ -137,6 +138,35 @@ TEST(Platform, IsTheMachinesOwnWhereNoneIsInstalled) {
                                ConfigurationManager::sharedInstance().platform().store->status().message.empty());
               }),
               "true true true ");
+}
+
+/// Parses when everything else of the process is gone.
+struct ParsingAtExit {
+    ~ParsingAtExit() { _exit(json::parse("[1, 2]") ? 7 : 1); }
+};
+
+TEST(Exit, LeavesAParserToItsHandlers) {
+    EXPECT_EXIT(
+        {
+            static const ParsingAtExit last;
+            (void)json::parse("{}");
+            std::exit(0);
+        },
+        testing::ExitedWithCode(7), "");
+}
+
+TEST(Platform, CompletesWhatTheHostLeavesOut) {
+    EXPECT_EQ(inChild([] {
+                  Platform mine{.store = std::make_shared<MorrStandard>(morr::Options{}), .bundle = {.name = "Sample"}};
+                  platform::install(mine);
+                  return ConfigurationManagerUtils::generateUserAgent().substr(0, 8)
+                                     + foundation::Device::current().model
+                                 == ConfigurationManagerUtils::generateUserAgent().substr(
+                                     0, 8 + foundation::Device::current().model.size())
+                             ? "complete"
+                             : "incomplete";
+              }),
+              "complete");
 }
 
 TEST(Restart, FindsWhatTheProcessBeforeAssigned) {

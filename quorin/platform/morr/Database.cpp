@@ -84,6 +84,8 @@ void Database::CloseConnection::operator()(sqlite3* connection) const { sqlite3_
 void Database::CloseStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 Outcome Database::open(const StoreFile& file) {
+    // SQLite takes a file of one byte for an empty one.
+    if (file.size() == 1) return {Outcome::Kind::damaged, "file is not a database"};
     constexpr int common = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     Outcome outcome = connect(file.path, SQLITE_OPEN_READWRITE | common);
     if (outcome.kind != Outcome::Kind::failed || file.hasJournal()) return outcome;

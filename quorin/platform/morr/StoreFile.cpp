@@ -138,6 +138,11 @@ bool StoreFile::isInPlace() const {
     return lstat(path.c_str(), &facts) == 0 && facts.st_dev == device && facts.st_ino == inode;
 }
 
+std::size_t StoreFile::size() const {
+    struct stat facts{};
+    return stat(path.c_str(), &facts) == 0 ? static_cast<std::size_t>(facts.st_size) : 0;
+}
+
 bool StoreFile::hasJournal() const {
     struct stat facts{};
     for (const char* suffix : {"-wal", "-journal"}) {

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <string>
 
 namespace quorin::morr {
@@ -24,6 +25,9 @@ struct StoreFile {
 
     /// True as long as the name leads to this file.
     bool isInPlace() const;
+
+    /// Bytes in the file now; zero where it cannot be asked.
+    std::size_t size() const;
 
     /// True when a journal with content stands beside the file, so the file alone is not the whole database.
     bool hasJournal() const;
