@@ -3,8 +3,8 @@
 #include "quorin/platform/foundation/Locale.hpp"
 #include "quorin/platform/foundation/UUID.hpp"
 
+#include <memory>
 #include <mutex>
-#include <optional>
 #include <utility>
 
 namespace quorin {
@@ -13,7 +13,7 @@ namespace {
 /// What the host installed until it is asked for.
 struct Slot {
     std::mutex mutex;
-    std::optional<Platform> installed;
+    std::unique_ptr<Platform> installed;
     bool taken = false;
 
     static Slot& shared() {
@@ -23,16 +23,16 @@ struct Slot {
 };
 
 /// Takes what was installed, and lets nothing be installed any more.
-std::optional<Platform> take() {
+std::unique_ptr<Platform> take() {
     Slot& slot = Slot::shared();
     const std::lock_guard lock(slot.mutex);
     slot.taken = true;
-    return std::exchange(slot.installed, {});
+    return std::move(slot.installed);
 }
 
 Platform installedOrStandard() {
-    auto installed = take();
-    return installed ? *std::move(installed) : Platform::standard();
+    const auto installed = take();
+    return installed ? std::move(*installed) : Platform::standard();
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ Platform Platform::completed() const {
 }
 
 bool platform::install(const Platform& services) {
-    std::optional<Platform> whole = services.completed();
+    auto whole = std::make_unique<Platform>(services.completed());
     {
         Slot& slot = Slot::shared();
         const std::lock_guard lock(slot.mutex);

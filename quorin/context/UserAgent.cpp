@@ -34,8 +34,7 @@ std::string generateUserAgent(std::optional<std::string_view> existing, const Pl
     const Pieces pieces = piecesOf(existing.value_or(""));
     std::string systemVersion = platform.device.systemVersion;
     std::replace(systemVersion.begin(), systemVersion.end(), '.', '_');
-    std::string locale = platform.locale();
-    std::transform(locale.begin(), locale.end(), locale.begin(), rawvalues::lower);
+    const std::string locale = rawvalues::lowered(platform.locale());
 
     std::string text = appName(platform);
     text.append("/").append(platform.bundle.shortVersion.value_or(""));

@@ -28,16 +28,6 @@ struct MemberOf<std::optional<Type> Owner::*> {
     static constexpr bool optional = true;
 };
 
-/// The section type inside a field's type, or the field's type itself.
-template <class T>
-struct Inner {
-    using Type = T;
-};
-template <class T>
-struct Inner<std::vector<T>> : Inner<T> {};
-template <class T>
-struct Inner<MapOf<T>> : Inner<T> {};
-
 template <auto Member, class Converted>
 bool store(Converted converted, void* model) {
     if (!converted) return false;
@@ -80,14 +70,12 @@ constexpr Row written(std::string_view key) {
 template <auto Member>
 constexpr Row field(std::string_view key) {
     using Of = MemberOf<decltype(Member)>;
-    using Section = typename Inner<typename Of::Value>::Type;
 
     Row row{.key = key,
             .shape = Conversion<typename Of::Value>::shape,
             .read = &readInto<Member>,
             .write = &writeFrom<Member>};
     row.required = !Of::optional;
-    if constexpr (Model<Section>) row.nested = &Section::keyTable;
     return row;
 }
 

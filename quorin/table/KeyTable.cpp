@@ -23,7 +23,8 @@ const Reading& below(const Reading& at, Step& step, std::string_view key, Role r
 }
 
 template <bool observed>
-bool readMember(const Row& row, std::string_view key, void* model, const Node& map, const Reading& at) {
+[[gnu::always_inline]] inline bool readMember(const Row& row, std::string_view key, void* model, const Node& map,
+                                              const Reading& at) {
     const Role role = roleOf(row, at.form());
     Step step;
     const Reading& here = below<observed>(at, step, key, role);
@@ -52,8 +53,8 @@ bool readText(const Row& row, std::string_view text, void* model, const Reading&
 }
 
 template <bool observed>
-bool readFromDocument(const Row& row, void* model, const Node& map, const Reading& at,
-                      std::optional<std::string_view> name) {
+[[gnu::always_inline]] inline bool readFromDocument(const Row& row, void* model, const Node& map, const Reading& at,
+                                                    std::optional<std::string_view> name) {
     if (row.takesName && name) return readText(row, *name, model, at);
     switch (row.origin) {
         case Row::Origin::nowhere: return !row.required;

@@ -14,8 +14,6 @@ class Builder;
 
 namespace quorin::table {
 
-struct KeyTable;
-
 /// One field of a model: under which key it stands in each form and how it gets there.
 ///
 /// Rows are made with `field<&Model::member>(key)`, or `written` for a value that is never read back; a row that
@@ -28,7 +26,6 @@ struct Row {
     std::string_view shape{};  ///< what the value must be, as reports name it
     bool (*read)(const Node& value, void* model, const Reading& at) = nullptr;  ///< null: written, never read back
     void (*write)(const void* model, std::string_view key, json::Builder& into) = nullptr;
-    const KeyTable& (*nested)() = nullptr;  ///< rows of the section, or of the sections, that the field holds
 
     std::string_view outer{};  ///< document: the object around the value, if there is one
     std::string_view inner{};  ///< document: key inside `outer`

@@ -50,15 +50,10 @@ std::string part(CURLU* parts, CURLUPart which, unsigned flags = 0) {
     return copy;
 }
 
-std::string lowered(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), rawvalues::lower);
-    return text;
-}
-
 Address taken(CURLU* parts, std::string url) {
     return {.url = std::move(url),
-            .scheme = lowered(part(parts, CURLUPART_SCHEME)),
-            .host = lowered(part(parts, CURLUPART_HOST)),
+            .scheme = rawvalues::lowered(part(parts, CURLUPART_SCHEME)),
+            .host = rawvalues::lowered(part(parts, CURLUPART_HOST)),
             .port = part(parts, CURLUPART_PORT, CURLU_DEFAULT_PORT)};
 }
 

@@ -115,7 +115,9 @@ void Loop::run() {
         CURLMcode code = curl_multi_perform(multi_, &active);
         deliverEnded();
         if (code == CURLM_OK && !hasTasks()) code = curl_multi_poll(multi_, nullptr, 0, pollTime_, nullptr);
-        if (code != CURLM_OK) failAll(CURLE_OUT_OF_MEMORY);
+        if (code == CURLM_OK) continue;
+        failAll(CURLE_OUT_OF_MEMORY);
+        std::this_thread::sleep_for(std::chrono::milliseconds(withoutWaking));  // it may fail again at once
     }
     cancelAll();
     finish();

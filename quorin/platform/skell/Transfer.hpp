@@ -31,7 +31,6 @@ public:
     CURLcode prepare(std::chrono::milliseconds left);
 
     CURL* easy() const { return easy_; }
-    const Hop& hop() const { return hop_; }
 
     /// Once, after libcurl is through with the handle or refused it.
     Outcome outcome(CURLcode code);

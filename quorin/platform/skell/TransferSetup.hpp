@@ -10,8 +10,7 @@
 
 namespace quorin::skell {
 
-/// The header lines of a hop as libcurl takes them, which also keep it from adding headers of its own. Null when there
-/// is no memory for them.
+/// The header lines of a hop as libcurl takes them, which also keep it from adding headers of its own.
 curl_slist* headerLines(const Hop& hop);
 
 /// The kind of failure that a code of libcurl stands for.

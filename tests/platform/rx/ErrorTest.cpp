@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace quorin::rx {
 namespace {
 
@@ -14,8 +17,8 @@ struct Other {
 
 /// What another shared library's `Broken` looks like: its name has the same text at another address.
 struct Twin {
-    static constexpr char text[] = "test.Broken";
-    static constexpr std::string_view errorName = text;
+    static inline const std::string text = "test.Broken";
+    static inline const std::string_view errorName = text;
     int code = 0;
     std::string description() const { return "twin"; }
 };
@@ -33,7 +36,7 @@ TEST(Error, IsNullAsAnyOtherType) {
 
 TEST(Error, TellsTypesApartByTheTextOfTheirName) {
     const Error error = Broken{7};
-    ASSERT_NE(Twin::text, Broken::errorName.data());
+    ASSERT_NE(Twin::errorName.data(), Broken::errorName.data());
     ASSERT_NE(error.as<Twin>(), nullptr);
     EXPECT_EQ(error.as<Twin>()->code, 7);
 }
