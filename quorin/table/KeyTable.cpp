@@ -19,7 +19,7 @@ const Reading& below(const Reading& at, Step& step, std::string_view key, Role r
     if constexpr (observed)
         return at.member(step, key, role);
     else
-        return at;
+        return at;  // NOLINT(bugprone-return-const-ref-from-parameter): it outlives the step below it
 }
 
 template <bool observed>

@@ -33,10 +33,10 @@ enum class Role : std::uint8_t {
 /// One step of the way from the top of a document to a value. The steps form a chain on the stack, which is spelt out
 /// as a JSON Pointer only when there is something to tell.
 struct Trail {
-    const Trail* outer;
-    std::string_view key;
-    std::size_t index;  ///< of an element, whose key has no data
-    Role role;
+    const Trail* outer = nullptr;
+    std::string_view key{};
+    std::size_t index = 0;  ///< of an element, whose key has no data
+    Role role = Role::root;
 };
 
 struct Step;
@@ -82,22 +82,18 @@ private:
     bool tell(std::string_view expected, std::string_view found) const;
     void tell(std::string_view expected, std::string_view found, Cost cost) const;
 
-    static constexpr Trail top{nullptr, {}, 0, Role::root};
+    static constexpr Trail top{};
 
-    const Value* tree_;
-    ReadReport* report_;
-    const Trail* trail_;
-    Form form_;
+    const Value* tree_ = nullptr;
+    ReadReport* report_ = nullptr;
+    const Trail* trail_ = nullptr;
+    Form form_ = Form::document;
 };
 
-/// Room on the stack for one step of a trail. Nothing in it is set before the step is taken.
+/// Room on the stack for one step of a trail.
 struct Step {
-    Step() {}  // NOLINT(modernize-use-equals-default): a defaulted one would set the trail
-
-    union {
-        Trail trail;
-    };
-    Reading reading;
+    Trail trail{};
+    Reading reading{};
 };
 
 }  // namespace quorin::table

@@ -36,6 +36,7 @@ const CLI::App& given(const CLI::App& app) {
 
 std::string namesOf(const std::vector<const CLI::App*>& commands) {
     std::vector<std::string> names;
+    names.reserve(commands.size());
     for (const CLI::App* const command : commands) names.push_back(command->get_name());
     return joined(names, ", ");
 }
@@ -95,7 +96,7 @@ std::string usageMessage(const CLI::ParseError& error, const CLI::App& program) 
     const bool lacksCommand = isMissing && program.get_subcommands().empty();
     if (lacksCommand && program.remaining().empty()) return "give a command: " + namesOf(commandsOf(program));
     if (lacksCommand || is(CLI::ExitCodes::ExtrasError)) return whatIsUnexpected(program);
-    const std::string words = error.what();
+    std::string words = error.what();
     if (isMissing) return words + "; give it";
     if (is(CLI::ExitCodes::ArgumentMismatch)) return whatIsWrongWithTheValue(words);
     if (is(CLI::ExitCodes::ConversionError)) return "an option that is on or off must be true or false";

@@ -28,6 +28,7 @@ json::DocumentMap recordOf(const Named& named) {
 
 std::vector<Named> namedBy(const std::vector<std::string>& texts) {
     std::vector<Named> all;
+    all.reserve(texts.size());
     for (const std::string& text : texts) all.push_back({text, Brand::fromRaw(text)});
     if (!texts.empty()) return all;
     for (std::size_t i = 0; i <= Brand::unknown; ++i) all.push_back({{}, static_cast<Brand::Case>(i)});

@@ -59,6 +59,6 @@ void Output::fail(const Failure& failure) const {
     std::fputs((escaped(json::print(failure.record.value()), "") + "\n").c_str(), stderr);
 }
 
-bool Output::flush() { return std::fflush(stdout) == 0 && written_; }
+bool Output::flush() const { return std::fflush(stdout) == 0 && written_; }
 
 }  // namespace quorin::tool

@@ -33,7 +33,7 @@ public:
     void fail(const Failure& failure) const;
 
     /// Whether all of the result reached standard output.
-    bool flush();
+    bool flush() const;
 
 private:
     bool written_ = true;

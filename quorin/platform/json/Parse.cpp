@@ -172,6 +172,7 @@ ParseResult parse(std::string_view text, std::size_t spare) {
     const std::size_t skipped = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     const std::string_view body = text.substr(skipped);
     if (!body.empty()) {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the value that is returned owns the arena
         if (auto value = parseFast(body, spare >= simdjson::SIMDJSON_PADDING)) return *std::move(value);
     }
     StrictResult strict = parseStrictly(body);

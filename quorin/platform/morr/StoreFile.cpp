@@ -155,7 +155,7 @@ std::string StoreFile::setAside() {
     const Folder folder(folderOf(path));
     folder.lock();
     if (!isInPlace()) return {};
-    const std::string name = freeNameFor(path);
+    std::string name = freeNameFor(path);
     for (const char* suffix : journalSuffixes) {
         if (std::rename((path + suffix).c_str(), (name + suffix).c_str()) != 0 && errno != ENOENT) {
             return problem = because("is damaged and cannot be renamed", errno) + "; move it away", std::string();
