@@ -23,12 +23,16 @@ void store(MorrStandard& store, std::string_view key, const std::optional<std::s
         store.remove(key);
 }
 
-/// Keeps the store in step with a stream for as long as the stream lives, beginning with its current value.
+/// Keeps the store in step with a stream for as long as the stream lives, beginning with its current value. That value
+/// is not written back where it is the one just read: another process may have changed it since.
 template <class T>
-void persistUnder(std::string_view key, const rx::Observable<T>& stream, const std::shared_ptr<MorrStandard>& into) {
-    rx::distinctUntilChanged(stream, std::equal_to<T>()).subscribe({.next = [key, into](const T& value) {
-        store(*into, key, value);
-    }});
+void persistUnder(std::string_view key, const rx::Observable<T>& stream, const std::shared_ptr<MorrStandard>& into,
+                  const Identity::OptionalText& restored) {
+    rx::distinctUntilChanged(stream, std::equal_to<T>())
+        .subscribe({.next = [key, into, restored, isFirst = true](const T& value) mutable {
+            const bool isRestored = std::exchange(isFirst, false) && restored == value;
+            if (!isRestored) store(*into, key, value);
+        }});
 }
 
 }  // namespace
@@ -49,22 +53,25 @@ Identity::Identity(const Platform& platform, const StoredIdentity& stored)
       parentProfileIDObserver_(rx::share(parentProfileID_.asObservable())),
       childProfileIDObserver_(rx::share(childProfileID_.asObservable())),
       profileJWTObserver_(rx::share(profileJWT_.asObservable())) {
-    persist();
+    persist(stored);
 }
 
 /// The subscriptions last as long as the cells. They keep the observers connected, which is why a host that subscribes
 /// later gets no current value.
-void Identity::persist() {
-    followAccount();
-    persistUnder(PersistenceKeys::parentProfileID, parentProfileIDObserver_, platform_.store);
-    persistUnder(PersistenceKeys::childProfileID, childProfileIDObserver_, platform_.store);
-    persistUnder(PersistenceKeys::profileJWT, profileJWTObserver_, platform_.store);
-    persistUnder(PersistenceKeys::domain, configDomain_.asObservable(), platform_.store);
-    persistUnder(PersistenceKeys::vexoMVPD, vexoMVPD_.asObservable(), platform_.store);
+void Identity::persist(const StoredIdentity& stored) {
+    const auto& store = platform_.store;
+    followAccount(stored.kova);
+    persistUnder(PersistenceKeys::parentProfileID, parentProfileIDObserver_, store, stored.parentProfileID);
+    persistUnder(PersistenceKeys::childProfileID, childProfileIDObserver_, store, stored.childProfileID);
+    persistUnder(PersistenceKeys::profileJWT, profileJWTObserver_, store, stored.profileJWT);
+    persistUnder(PersistenceKeys::domain, configDomain_.asObservable(), store, stored.domain);
+    persistUnder(PersistenceKeys::vexoMVPD, vexoMVPD_.asObservable(), store, stored.vexoMVPD);
 }
 
 /// What has to happen whenever the account changes, and once with the account that was restored.
-void Identity::followAccount() { persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store); }
+void Identity::followAccount(const OptionalText& stored) {
+    persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store, stored);
+}
 
 void Identity::setUserAgent(const std::string& existing) {
     userAgent_.assign(ConfigurationManagerUtils::generateUserAgent(existing, platform_));

@@ -62,8 +62,8 @@ public:
 
 private:
     Identity(const Platform& platform, const StoredIdentity& stored);
-    void persist();
-    void followAccount();
+    void persist(const StoredIdentity& stored);
+    void followAccount(const OptionalText& stored);
 
     const Platform& platform_;
     rx::Variable<std::string> parentProfileID_;
