@@ -15,33 +15,27 @@ Role roleOf(const Row& row, Form form) {
 // The walk exists twice: as it is done for a listener, which keeps a trail, and without any trace of one.
 
 template <bool observed>
-const Reading& below(const Reading& at, Step& step, std::string_view key, Role role) {
-    if constexpr (observed)
-        return at.member(step, key, role);
-    else
-        return at;  // NOLINT(bugprone-return-const-ref-from-parameter): it outlives the step below it
-}
-
-template <bool observed>
 [[gnu::always_inline]] inline bool readMember(const Row& row, std::string_view key, void* model, const Node& map,
                                               const Reading& at) {
     const Role role = roleOf(row, at.form());
+    const Reading* here = &at;
     Step step;
-    const Reading& here = below<observed>(at, step, key, role);
+    if constexpr (observed) here = &at.member(step, key, role);
     const Node* const value = json::find(map, key);
-    if (!value) return role != Role::required || here.miss(row.shape);
-    return row.read(*value, model, here) || role != Role::required;
+    if (!value) return role != Role::required || here->miss(row.shape);
+    return row.read(*value, model, *here) || role != Role::required;
 }
 
 template <bool observed>
 bool readInside(const Row& row, void* model, const Node& map, const Reading& at) {
     const Role role = roleOf(row, at.form());
+    const Reading* around = &at;
     Step step;
-    const Reading& around = below<observed>(at, step, row.outer, role);
+    if constexpr (observed) around = &at.member(step, row.outer, role);
     const Node* const outer = json::find(map, row.outer);
-    if (!outer) return role != Role::required || around.miss("object");
-    if (outer->kind != json::Kind::object) return around.reject("object", *outer) || role != Role::required;
-    return readMember<observed>(row, row.inner, model, *outer, around);
+    if (!outer) return role != Role::required || around->miss("object");
+    if (outer->kind != json::Kind::object) return around->reject("object", *outer) || role != Role::required;
+    return readMember<observed>(row, row.inner, model, *outer, *around);
 }
 
 bool readText(const Row& row, std::string_view text, void* model, const Reading& at) {

@@ -57,9 +57,12 @@ TEST(Value, NamesEveryKindInWords) {
 }
 
 TEST(Value, SharesItsTextWithACopy) {
-    const Value value("a text");
-    const Value copy = value;  // NOLINT(performance-unnecessary-copy-initialization)
-    EXPECT_EQ(copy.asString()->data(), value.asString()->data());
+    Value value("a text");
+    const Value copy = value;
+    const char* const text = value.asString()->data();
+    value = Value();
+    EXPECT_EQ(copy.asString()->data(), text);
+    EXPECT_EQ(copy.asString(), "a text");
 }
 
 TEST(Value, SharesItsTreeWithItsParts) {
