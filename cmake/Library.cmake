@@ -2,7 +2,7 @@
 # The test "floors" keeps includes from running upward.
 set(quorin_floors platform table services model context core)
 set(quorin_platform_libraries PkgConfig::simdjson PkgConfig::curl PkgConfig::sqlite3 PkgConfig::uuid PkgConfig::crypto
-                              PkgConfig::zlib PkgConfig::brotli
+                              PkgConfig::zlib PkgConfig::brotli PkgConfig::psl PkgConfig::uriparser PkgConfig::pugixml
                               Threads::Threads)
 
 foreach(floor IN LISTS quorin_floors)
