@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <simdjson.h>
 
+#include <vector>
+
 namespace quorin::bench {
 namespace {
 
@@ -103,9 +105,10 @@ Value valueOf(const json& value) {
     if (value.is_boolean()) return value.get<bool>();
     if (value.is_number_integer()) return value.get<Integer>();
     if (!value.is_object()) return {};
-    DocumentMap map;
-    for (const auto& [name, member] : value.items()) map = map.with(name, valueOf(member));
-    return map;
+    std::vector<DocumentMap::Member> members;
+    members.reserve(value.size());
+    for (const auto& [name, member] : value.items()) members.emplace_back(name, valueOf(member));
+    return DocumentMap(members);
 }
 
 void readService(const std::string& name, const json& object, MapOf<WebService>& into) {

@@ -1,20 +1,13 @@
-#include "quorin/platform/json/Builder.hpp"
-
 #include "Command.hpp"
 #include "Source.hpp"
+
+#include <vector>
 
 namespace quorin::tool {
 namespace {
 
-json::Value valueOf(const StringMap& map) {
-    json::Builder builder;
-    const std::size_t begun = builder.begin();
-    for (const auto& [name, value] : map) {
-        builder.name(name);
-        builder.string(value);
-    }
-    builder.endObject(begun);
-    return builder.finish();
+json::DocumentMap mapOf(const StringMap& texts) {
+    return json::DocumentMap(std::vector<json::DocumentMap::Member>(texts.begin(), texts.end()));
 }
 
 }  // namespace
@@ -31,7 +24,7 @@ void addHeaders(CLI::App& program, Action& chosen) {
                 const auto loaded = source->load(session);
                 if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
             }
-            session.output.json(valueOf(session.manager().defaultHeaders()));
+            session.output.json(mapOf(session.manager().defaultHeaders()));
             return {};
         };
     });

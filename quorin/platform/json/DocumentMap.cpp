@@ -9,7 +9,7 @@ DocumentMap::DocumentMap() {
     value_.node_.height = 1;
 }
 
-DocumentMap::DocumentMap(std::initializer_list<Member> members) {
+DocumentMap::DocumentMap(std::span<const Member> members) {
     Builder builder;
     const std::size_t begun = builder.begin();
     for (const auto& [name, value] : members) {

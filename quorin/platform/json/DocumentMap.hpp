@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -18,7 +19,8 @@ public:
 
     DocumentMap();
     /// Of two members of one name the last counts.
-    DocumentMap(std::initializer_list<Member> members);
+    DocumentMap(std::initializer_list<Member> members) : DocumentMap(std::span<const Member>(members)) {}
+    explicit DocumentMap(std::span<const Member> members);
 
     std::size_t size() const { return value_.node().size; }
     bool empty() const { return size() == 0; }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "quorin/platform/json/Builder.hpp"
 #include "quorin/platform/json/Print.hpp"
 #include "quorin/platform/json/Value.hpp"
 
@@ -22,14 +21,7 @@ inline void showValue(const DocumentMap& map, std::ostream& out) { out << print(
 using Members = std::vector<std::pair<std::string, Value>>;
 
 inline Value objectOf(const Members& members) {
-    Builder builder;
-    const std::size_t begun = builder.begin();
-    for (const auto& [name, value] : members) {
-        builder.name(name);
-        builder.copy(value.node());
-    }
-    builder.endObject(begun);
-    return builder.finish();
+    return DocumentMap(std::vector<DocumentMap::Member>(members.begin(), members.end()));
 }
 
 /// UTF-8 of all lengths, with characters that need an escape or look like syntax.

@@ -1,3 +1,4 @@
+#include "quorin/platform/json/Builder.hpp"
 #include "quorin/platform/json/Parse.hpp"
 
 #include "tests/platform/json/AnyValue.hpp"

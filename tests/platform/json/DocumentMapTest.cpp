@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace quorin::json {
 namespace {
@@ -75,6 +76,29 @@ TEST(DocumentMap, TakesTheLastOfTwoMembersOfOneName) {
     const DocumentMap map{{"a", 1}, {"b", 2}, {"a", 3}};
     EXPECT_EQ(map.size(), 2u);
     EXPECT_EQ(map.find("a"), Value(3));
+}
+
+TEST(DocumentMap, IsMadeFromMembersThatWereCollected) {
+    const std::vector<DocumentMap::Member> none;
+    EXPECT_EQ(DocumentMap(none), DocumentMap());
+    const std::vector<DocumentMap::Member> members{{"z", 1}, {"a", List{"x"}}};
+    EXPECT_EQ(DocumentMap(members), parsed(R"({"z": 1, "a": ["x"]})").asObject());
+    EXPECT_EQ(DocumentMap(members).at(0).first, "z");
+}
+
+TEST(DocumentMap, TakesTheLastOfTwoCollectedMembersOfOneName) {
+    const std::vector<DocumentMap::Member> members{{"a", 1}, {"b", 2}, {"a", 3}};
+    const DocumentMap map(members);
+    EXPECT_EQ(map.size(), 2u);
+    EXPECT_EQ(map.at(0).first, "b");
+    EXPECT_EQ(map.find("a"), Value(3));
+}
+
+TEST(DocumentMap, CopiesTheMembersThatWereCollected) {
+    std::vector<std::string> texts{"name", "value"};
+    const DocumentMap map(std::vector<DocumentMap::Member>{{texts[0], texts[1]}});
+    texts = {"else", "other"};
+    EXPECT_EQ(print(map), R"({"name":"value"})");
 }
 
 TEST(DocumentMap, GainsAMember) {
