@@ -45,6 +45,18 @@ class WrongArguments(ProgramTest):
             with self.subTest(words=words):
                 self.own_failure(2, "usage", *words)
 
+    def test_what_says_more_of_a_source_needs_one(self):
+        for words in (["--brand", "orvel"], ["--version", "2"], ["--version", "1.0.0"], ["--version", ""]):
+            with self.subTest(words=words):
+                self.assertIn("SOURCE", self.own_failure(2, "usage", "headers", *words))
+
+    def test_what_prints_nothing_masked_reveals_nothing(self):
+        for words in (["set", "kova", "x"], ["unset", "kova"], ["new-parent"], ["bind"]):
+            with self.subTest(words=words):
+                self.assertIn("--reveal", self.own_failure(2, "usage", "identity", "--reveal", *words))
+                self.assertIn("--reveal", self.own_failure(2, "usage", "identity", *words, "--reveal"))
+        self.assertEqual(os.listdir(self.folder), [])
+
     def test_names_of_a_list_are_matched_letter_by_letter(self):
         for words in (["read", "ads", "x"], ["read", "", "x"], ["read", "KVTAds", "x"], ["equal", "ads", "x", "x"],
                       ["read", "Ads", "x", "--form", "Server"], ["identity", "set", "Kova", "x"],

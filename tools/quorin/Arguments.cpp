@@ -97,7 +97,8 @@ std::string usageMessage(const CLI::ParseError& error, const CLI::App& program) 
     if (lacksCommand && program.remaining().empty()) return "give a command: " + namesOf(commandsOf(program));
     if (lacksCommand || is(CLI::ExitCodes::ExtrasError)) return whatIsUnexpected(program);
     std::string words = error.what();
-    if (isMissing) return words + "; give it";
+    if (isMissing || is(CLI::ExitCodes::RequiresError)) return words + "; give it";
+    if (is(CLI::ExitCodes::ExcludesError)) return words + "; leave it out";
     if (is(CLI::ExitCodes::ArgumentMismatch)) return whatIsWrongWithTheValue(words);
     if (is(CLI::ExitCodes::ConversionError)) return "an option that is on or off must be true or false";
     return words;

@@ -17,6 +17,8 @@ void addHeaders(CLI::App& program, Action& chosen) {
                                 "quorin headers config.json --brand orvel");
     const auto source = std::make_shared<Source>();
     source->addTo(headers, false, false);
+    for (const char* const option : {"--brand", "--version"})
+        headers.get_option(option)->needs(headers.get_option("SOURCE"));
     headers.callback([source, &headers, &chosen] {
         const bool loads = headers.count("SOURCE") > 0;
         chosen = [source, loads](Session& session) -> Outcome {

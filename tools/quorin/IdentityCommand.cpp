@@ -80,13 +80,15 @@ void addIdentity(CLI::App& program, Action& chosen) {
         command(program, "identity", "Print the identity values, or change them", "quorin identity --reveal");
     identity.require_subcommand(0, 1);
     const auto reveal = std::make_shared<bool>(false);
-    flag(identity, "--reveal", *reveal, "Print the account identifier and the token unmasked");
+    CLI::Option& unmasked = flag(identity, "--reveal", *reveal, "Print the account identifier and the token unmasked");
     addSet(identity, chosen);
     addUnset(identity, chosen);
     CLI::App& fresh =
         command(identity, "new-parent", "Make and print a new parent identifier", "quorin identity new-parent");
     fresh.callback([&chosen] { chosen = newParent; });
     addBind(identity, chosen);
+    // none of these prints a masked value; a command that does is added after them
+    for (CLI::App* const below : identity.get_subcommands(nullptr)) below->excludes(&unmasked);
     identity.callback([=, &identity, &chosen] {
         if (identity.get_subcommands().empty()) chosen = [=](Session& session) { return printAll(session, *reveal); };
     });
