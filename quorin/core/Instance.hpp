@@ -37,7 +37,7 @@ public:
     rx::Observable<ConfigurationPointer> initialize(const std::string& url, LoadArguments arguments) const;
 
     /// Loads the configuration from a file, at once, before it returns; the stream delivers what came of it, which is
-    /// an `Oops` record when there is no such file, or no JSON object in it.
+    /// an `Oops` record when there is no such file, it is larger than 1 GiB, or no JSON object is in it.
     rx::Observable<ConfigurationPointer> initialize(const PathURL& file, const LoadArguments& arguments) const;
 
     /// The brand's section of a document, with the web services of the document's root in place of its own; the

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace quorin {
 namespace {
@@ -107,6 +108,13 @@ TEST_F(Loading, FailsForAFileThatCannotBeRead) {
     EXPECT_EQ(errorOf(rx::wait(manager_.initialize(PathURL{bed_.folder().path()}, {}))), notFound);
     EXPECT_EQ(errorOf(rx::wait(manager_.initialize(PathURL{""}, {}))), notFound);
     EXPECT_EQ(errorOf(rx::wait(manager_.initialize(PathURL{"http://127.0.0.1/a.json"}, {}))), notFound);
+}
+
+TEST_F(Loading, FailsForAFileThatIsTooLargeAsForAMissingFile) {
+    const std::string path = bed_.folder().write("sparse", "");
+    ASSERT_EQ(truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
+    EXPECT_EQ(errorOf(rx::wait(manager_.initialize(PathURL{path}, {}))),
+              oops(InstrumentationCodes::ErrorCode::notFound));
 }
 
 TEST_F(Loading, FailsForAFileThatIsNoJSON) {

@@ -141,6 +141,12 @@ class FileFailures(ProgramTest):
         self.assertEqual(self.code("-", given="["), "jsonParsing")
         self.assertEqual(self.code("-", given="1"), "notFound")
 
+    def test_a_file_beyond_a_gibibyte_is_not_read(self):
+        large = self.file("large.json", "")
+        os.truncate(large, (1 << 30) + 1)
+        self.assertEqual(self.code(large), "notFound")
+        self.assertIn("File too large", self.fails(1, "load", large).last_line)
+
     def test_the_record_is_one_line_of_compact_JSON(self):
         self.assertEqual(self.fails(1, "load", "missing.json", "--errors", "json").errors,
                          '{"component":"configurationManager","element":"configInitialization",'

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 
@@ -50,7 +51,7 @@ ssize_t readSome(int descriptor, char* into, std::size_t room) {
 
 }  // namespace
 
-FileRead readFile(const std::string& path, std::size_t padding) {
+FileRead readFile(const std::string& path, std::size_t padding, std::size_t limit) {
     if (path.find('\0') != std::string::npos) return failed(ENOENT);
     const Descriptor file(path);
     struct stat facts{};
@@ -58,12 +59,14 @@ FileRead readFile(const std::string& path, std::size_t padding) {
     if (S_ISDIR(facts.st_mode)) return failed(EISDIR);
 
     // One byte more than the size: the read that finds the end needs room, and the string need not grow for it.
-    const bool sized = S_ISREG(facts.st_mode) && facts.st_size > 0;
+    const std::size_t size = S_ISREG(facts.st_mode) ? static_cast<std::size_t>(facts.st_size) : 0;
+    if (size > limit) return failed(EFBIG);
     FileRead result;
-    resize(result.bytes, sized ? static_cast<std::size_t>(facts.st_size) + 1 : unknownSize, padding);
+    resize(result.bytes, size > 0 ? size + 1 : unknownSize, padding);
     std::size_t used = 0;
     for (;;) {
-        if (used == result.bytes.size()) resize(result.bytes, used * 2, padding);
+        if (used > limit) return failed(EFBIG);
+        if (used == result.bytes.size()) resize(result.bytes, used + std::min(used, limit - used) + 1, padding);
         const ssize_t count = readSome(file.number(), result.bytes.data() + used, result.bytes.size() - used);
         if (count < 0) return failed(errno);
         if (count == 0) break;

@@ -1,9 +1,11 @@
 #include "quorin/platform/foundation/File.hpp"
 
+#include "tests/support/Child.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -16,6 +18,7 @@
 namespace quorin::foundation {
 namespace {
 
+using support::inChild;
 using support::TemporaryFolder;
 
 int failureOf(const std::string& path) { return readFile(path).failure.value(); }
@@ -116,6 +119,44 @@ TEST(File, ThatMayNotBeReadFails) {
     int status = -1;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
+}
+
+TEST(File, BeyondTheLimitFails) {
+    const TemporaryFolder folder;
+    for (const std::size_t limit : {0U, 1U, 16383U, 16384U, 16385U, 100000U}) {
+        EXPECT_EQ(readFile(folder.write("f", std::string(limit, 'x')), 0, limit).bytes.size(), limit);
+        EXPECT_EQ(readFile(folder.write("f", std::string(limit + 1, 'x')), 0, limit).failure.value(), EFBIG) << limit;
+    }
+}
+
+TEST(File, WithoutASizeFailsBeyondTheLimitToo) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    const auto readFrom = [&](std::size_t size, std::size_t limit) {
+        std::thread writer([&] { folder.write("pipe", std::string(size, 'p')); });
+        FileRead read = readFile(folder.file("pipe"), 64, limit);
+        writer.join();
+        return read;
+    };
+    EXPECT_EQ(readFrom(50000, 50000).bytes, std::string(50000, 'p'));
+    EXPECT_EQ(readFrom(50001, 50000).failure.value(), EFBIG);
+    EXPECT_EQ(readFrom(50001, 50000).bytes, "");
+}
+
+TEST(File, WithoutAnEndFails) {
+    const std::string failure = inChild([] {
+        const rlimit oneSecond{1, 1};  // before it has taken much memory, should it read on
+        setrlimit(RLIMIT_CPU, &oneSecond);
+        return std::to_string(readFile("/dev/zero", 64, 1000000).failure.value());
+    });
+    EXPECT_EQ(failure, std::to_string(EFBIG));
+}
+
+TEST(File, IsOfOneGibibyteAtTheMostUnlessTheCallerSaysMore) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("sparse", "");
+    ASSERT_EQ(truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
+    EXPECT_EQ(failureOf(path), EFBIG);
 }
 
 TEST(File, LeavesNoDescriptorOpen) {
