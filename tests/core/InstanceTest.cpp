@@ -25,6 +25,32 @@ TEST(Instance, IsNotConfiguredWhenTheIdentityIsRestored) {
     EXPECT_EQ(manager.configuration(), nullptr);
 }
 
+/// The manager of an app that starts while another process changes the account in the store: after the store was read,
+/// which is when a store without a parent identifier gets one.
+Instance startedWhileAnotherStores(const std::string& account, const Testbed& bed) {
+    Platform platform = bed.start();
+    platform.uuid = [&bed, account, original = platform.uuid] {
+        bed.put("com.vexodigitalMedia.kova", account);
+        return original();
+    };
+    return Instance(platform);
+}
+
+TEST(Instance, LeavesAnAccountThatAnotherProcessStoredWhileItStarted) {
+    const Testbed bed;
+    const Instance manager = startedWhileAnotherStores("theirs", bed);
+    EXPECT_EQ(manager.kova(), std::nullopt);
+    EXPECT_EQ(bed.stored("com.vexodigitalMedia.kova"), "theirs");
+}
+
+TEST(Instance, PutsNoOldAccountBackThatAnotherProcessChangedWhileItStarted) {
+    const Testbed bed;
+    bed.put("com.vexodigitalMedia.kova", "old");
+    const Instance manager = startedWhileAnotherStores("theirs", bed);
+    EXPECT_EQ(manager.kova(), "old");
+    EXPECT_EQ(bed.stored("com.vexodigitalMedia.kova"), "theirs");
+}
+
 TEST(Instance, OutlivesItsTeardown) {
     const Testbed bed;
     const Instance manager(bed.start());
