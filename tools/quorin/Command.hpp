@@ -28,7 +28,7 @@ void addHeaders(CLI::App& program, Action& chosen);
 void addUserAgent(CLI::App& program, Action& chosen);
 void addCompletion(CLI::App& program, Action& chosen);
 
-/// A command with its example, which `act` carries out.
+/// Adds a command, with an example for its help, to `parent`.
 CLI::App& command(CLI::App& parent, const std::string& name, const std::string& purpose, const std::string& example);
 
 /// The commands that stand directly below `app`.

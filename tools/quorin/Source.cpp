@@ -5,7 +5,6 @@
 #include "quorin/platform/foundation/SHA256.hpp"
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/UTF8.hpp"
-#include "quorin/platform/ombrith/Oops.hpp"
 #include "quorin/platform/rx/Wait.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
 
