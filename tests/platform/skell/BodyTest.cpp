@@ -1,6 +1,5 @@
 #include "tests/platform/skell/Requests.hpp"
 #include "tests/support/Command.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -11,11 +10,7 @@
 namespace quorin::skell {
 namespace {
 
-using support::answer;
-using support::Connection;
-using support::FaultServer;
 using support::outputOf;
-using support::ReceivedRequest;
 
 /// What becomes of a body that comes as `bytes` in the encoding: itself, or the kind of failure.
 std::string decodedFrom(std::string_view encoding, std::string_view bytes) {

@@ -1,5 +1,4 @@
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +8,6 @@
 
 namespace quorin::skell {
 namespace {
-
-using support::answer;
-using support::Connection;
-using support::FaultServer;
-using support::ReceivedRequest;
 
 constexpr int hangGuard = 10'000;  // milliseconds
 

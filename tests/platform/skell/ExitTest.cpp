@@ -1,5 +1,4 @@
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,11 +10,6 @@
 
 namespace quorin::skell {
 namespace {
-
-using support::answer;
-using support::Connection;
-using support::FaultServer;
-using support::ReceivedRequest;
 
 constexpr unsigned hangGuard = 30;  // seconds, after which a process that does not end is killed
 

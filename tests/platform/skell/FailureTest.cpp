@@ -1,5 +1,4 @@
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 #include "tests/support/Listener.hpp"
 
 #include <gtest/gtest.h>
@@ -15,10 +14,6 @@ namespace quorin::skell {
 namespace {
 
 using namespace std::chrono_literals;
-using support::answer;
-using support::Connection;
-using support::FaultServer;
-using support::ReceivedRequest;
 
 /// The failure of a GET whose answer is exactly `bytes`, then a close.
 std::string failureOfAnswer(const std::string& bytes) {

@@ -1,7 +1,6 @@
 #include "quorin/platform/skell/Json.hpp"
 
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +8,6 @@
 
 namespace quorin::skell {
 namespace {
-
-using support::answer;
-using support::FaultServer;
 
 SkellError objectFailure(int status, const std::string& body) {
     const FaultServer server({{"/", answer(status, body)}});

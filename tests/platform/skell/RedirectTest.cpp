@@ -1,5 +1,4 @@
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,10 +10,6 @@
 namespace quorin::skell {
 namespace {
 
-using support::answer;
-using support::Connection;
-using support::FaultServer;
-using support::ReceivedRequest;
 using testing::ElementsAre;
 
 /// "/redirects/N" leads to the next smaller N, down to 0, which is the end; anything else leads to `location`.

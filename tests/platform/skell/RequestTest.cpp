@@ -2,7 +2,6 @@
 #include "quorin/platform/skell/Request.hpp"
 
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,10 +17,6 @@
 namespace quorin::skell {
 namespace {
 
-using support::answer;
-using support::Connection;
-using support::FaultServer;
-using support::ReceivedRequest;
 using testing::ElementsAre;
 using testing::Pair;
 using testing::UnorderedElementsAre;

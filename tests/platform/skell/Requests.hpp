@@ -4,10 +4,17 @@
 #include "quorin/platform/skell/Request.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
 
+#include "tests/support/FaultServer.hpp"
+
 #include <string>
 #include <utility>
 
 namespace quorin::skell {
+
+using support::answer;
+using support::Connection;
+using support::FaultServer;
+using support::ReceivedRequest;
 
 /// The response to a request, waited for.
 inline rx::Result<Response> performed(const Request& request) { return rx::wait(request.response()); }

@@ -1,7 +1,6 @@
 #include "quorin/platform/skell/Response.hpp"
 
 #include "tests/platform/skell/Requests.hpp"
-#include "tests/support/FaultServer.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,8 +8,6 @@
 namespace quorin::skell {
 namespace {
 
-using support::answer;
-using support::FaultServer;
 using testing::ElementsAre;
 
 Response responseTo(const std::string& bytes) {
