@@ -61,6 +61,13 @@ std::optional<URL> URL::parse(std::string_view text) {
                .query = copyOf(uri.query)};
 }
 
+void append(std::string& url, std::string_view param) {
+    const auto parts = URL::parse(url);
+    if (!parts) return;
+    url += parts->query ? '&' : '?';
+    url += param;
+}
+
 bool isHostName(std::string_view text) {
     while (!text.empty()) {
         const auto dot = text.find('.');

@@ -19,6 +19,11 @@ struct URL {
     static std::optional<URL> parse(std::string_view text);
 };
 
+/// Makes `param`, as it stands, part of the query of `url`: behind "&" where there is a query, an empty one included,
+/// and behind "?" otherwise. It goes to the end of the text, so behind a fragment too. Text that is no URI-reference
+/// stays.
+void append(std::string& url, std::string_view param);
+
 /// True for an ASCII host name as URLs and cookies have it: labels of letters, digits, "-" and "_" between single dots.
 bool isHostName(std::string_view text);
 

@@ -62,5 +62,35 @@ TEST(HostName, IsLabelsBetweenSingleDots) {
         EXPECT_FALSE(isHostName(text)) << text;
 }
 
+std::string appended(std::string url, std::string_view param = "a=1") {
+    append(url, param);
+    return url;
+}
+
+TEST(Append, BeginsAQueryOrGoesOnWithIt) {
+    EXPECT_EQ(appended("/p"), "/p?a=1");
+    EXPECT_EQ(appended("/p?x=2"), "/p?x=2&a=1");
+    EXPECT_EQ(appended("/p?"), "/p?&a=1");
+    EXPECT_EQ(appended(""), "?a=1");
+    EXPECT_EQ(appended("http://h"), "http://h?a=1");
+}
+
+TEST(Append, WritesBehindAFragment) {
+    EXPECT_EQ(appended("/p#f"), "/p#f?a=1");
+    EXPECT_EQ(appended("/p?x#f"), "/p?x#f&a=1");
+    EXPECT_EQ(appended("/p#f?x"), "/p#f?x?a=1");
+}
+
+TEST(Append, LeavesTextThatIsNoURL) {
+    for (const std::string text : {"http://h/{id}", "/a b", "/%zz", "/\xC3\xA9", "http://h:port/"}) {
+        EXPECT_EQ(appended(text), text);
+    }
+}
+
+TEST(Append, TakesItsTextAsItStands) {
+    EXPECT_EQ(appended("/p", ""), "/p?");
+    EXPECT_EQ(appended("/p", "&a b#{%"), "/p?&a b#{%");
+}
+
 }  // namespace
 }  // namespace quorin::foundation
