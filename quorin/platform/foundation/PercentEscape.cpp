@@ -16,8 +16,8 @@ bool isASCII(std::string_view text) {
 /// Pieces are escaped on the stack, so that the target is made longer by no more than it needs.
 constexpr std::size_t pieceSize = 256;
 
-/// Every form is written whole, its size too, and the next one over what of it is not text: no branch depends on a byte,
-/// and four bytes are one move.
+/// Every form is written whole, its size too, and the next one over what of it is not text: no branch depends on a
+/// byte, and four bytes are one move.
 void appendPiece(std::string& target, std::string_view piece, const EscapeSet& set) {
     std::array<char, 3 * pieceSize + 1> escaped;
     char* end = escaped.data();

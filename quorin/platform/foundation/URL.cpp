@@ -14,6 +14,12 @@ namespace {
 
 using Parts = std::unique_ptr<UriUriA, decltype(&uriFreeUriMembersA)>;
 
+/// Takes `text` apart; what it yields points into it. False, and there is nothing to free, where it is no
+/// URI-reference.
+bool take(std::string_view text, UriUriA& uri) {
+    return uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), nullptr) == URI_SUCCESS;
+}
+
 std::optional<std::string> copyOf(const UriTextRangeA& part) {
     return part.first ? std::optional(std::string(part.first, part.afterLast)) : std::nullopt;
 }
@@ -51,7 +57,7 @@ bool isLabel(std::string_view text) {
 
 std::optional<URL> URL::parse(std::string_view text) {
     UriUriA uri{};
-    if (uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), nullptr) != URI_SUCCESS) return std::nullopt;
+    if (!take(text, uri)) return std::nullopt;
     const Parts parts(&uri, uriFreeUriMembersA);
     auto scheme = copyOf(uri.scheme);
     return URL{.scheme = scheme ? std::optional(rawvalues::lowered(*scheme)) : std::nullopt,
@@ -62,9 +68,10 @@ std::optional<URL> URL::parse(std::string_view text) {
 }
 
 void append(std::string& url, std::string_view param) {
-    const auto parts = URL::parse(url);
-    if (!parts) return;
-    url += parts->query ? '&' : '?';
+    UriUriA uri{};
+    if (!take(url, uri)) return;
+    const Parts parts(&uri, uriFreeUriMembersA);
+    url += uri.query.first ? '&' : '?';
     url += param;
 }
 
