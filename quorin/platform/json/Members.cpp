@@ -84,4 +84,11 @@ std::uint32_t settleMembers(Node* items, std::uint32_t count) {
     return kept;
 }
 
+std::vector<std::uint32_t> byteOrder(const Node& object) {
+    if (object.size > Node::indexedFrom) return {object.index(), object.index() + object.size};
+    std::vector<std::uint32_t> order(object.size);
+    sortByName(order.data(), object.items, object.size);
+    return order;
+}
+
 }  // namespace quorin::json

@@ -3,6 +3,8 @@
 #include "quorin/platform/json/Node.hpp"
 
 #include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace quorin::json {
 
@@ -15,5 +17,8 @@ constexpr std::size_t indexBytes(std::size_t count) {
 /// takes out members that a later one of the same name replaces, writes the index, and yields how many members there
 /// are.
 std::uint32_t settleMembers(Node* items, std::uint32_t count);
+
+/// The positions of an object's members in the byte order of their names.
+std::vector<std::uint32_t> byteOrder(const Node& object);
 
 }  // namespace quorin::json

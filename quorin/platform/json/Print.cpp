@@ -1,12 +1,11 @@
 #include "quorin/platform/json/Print.hpp"
 
+#include "quorin/platform/json/Members.hpp"
 #include "quorin/platform/json/UTF8.hpp"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <numeric>
 #include <vector>
 
 namespace quorin::json {
@@ -83,11 +82,7 @@ private:
     }
 
     void object(const Node& node) {
-        std::vector<std::uint32_t> order(node.size);
-        std::iota(order.begin(), order.end(), 0U);
-        std::sort(order.begin(), order.end(), [&](std::uint32_t left, std::uint32_t right) {
-            return node.name(left).string() < node.name(right).string();
-        });
+        const std::vector<std::uint32_t> order = byteOrder(node);
         open('{');
         for (std::uint32_t i = 0; i < node.size; ++i) {
             separate(i);

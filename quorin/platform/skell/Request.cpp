@@ -3,6 +3,7 @@
 #include "quorin/platform/skell/Exchange.hpp"
 #include "quorin/platform/skell/Loop.hpp"
 
+#include <memory>
 #include <utility>
 
 namespace quorin::skell {
@@ -10,7 +11,7 @@ namespace {
 
 rx::Disposable send(const Request& request, rx::Observer<Response> observer) {
     Loop& loop = Loop::shared();
-    Hop first{request.method, request.url, request.headers, request.body};
+    Hop first{request.method, request.url, request.headers, request.body ? request.body->sharedText() : nullptr};
     Transport transport = request.transport ? *request.transport : Transport::standard();
     const auto exchange = std::make_shared<Exchange>(loop, std::move(first), std::move(transport), std::move(observer));
     if (const auto kind = loop.post([exchange] { exchange->begin(); })) {

@@ -2,13 +2,13 @@
 
 #include "quorin/platform/rx/Observable.hpp"
 #include "quorin/platform/skell/HTTPMethod.hpp"
+#include "quorin/platform/skell/RequestBody.hpp"
 #include "quorin/platform/skell/Response.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
 #include "quorin/platform/skell/Transport.hpp"
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -25,8 +25,8 @@ struct Request {
     /// Transfer-Encoding are the library's own and refused. It adds Accept-Encoding where that is absent, nothing else.
     std::map<std::string, std::string, std::less<>> headers{};
 
-    /// Bytes to send, shared and never copied. Null is no body; TRACE and CONNECT take none.
-    std::shared_ptr<const std::string> body{};
+    /// Sent by every method, GET and HEAD too, but TRACE and CONNECT, which take none. Its type sets no header.
+    std::optional<RequestBody> body{};
 
     /// How to send it; absent: `Transport::standard()` at the time of subscription.
     std::optional<Transport> transport{};

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <memory>
 #include <string>
 #include <thread>
 
@@ -69,7 +68,7 @@ TEST(Failure, IsInvalidRequestForHeadersOfTheLibraryAndNamesThem) {
 
 TEST(Failure, IsInvalidRequestForBodiesThatTheMethodCannotHave) {
     for (const HTTPMethod method : {HTTPMethod::TRACE, HTTPMethod::CONNECT}) {
-        const auto body = std::make_shared<const std::string>("b");
+        const auto body = RequestBody::bytes("b");
         EXPECT_EQ(failureKind(Request{.method = method, .url = "http://127.0.0.1/", .body = body}), "invalidRequest");
     }
 }
@@ -186,7 +185,7 @@ TEST(Failure, IsNetworkWhenTheServerClosesWhileTheBodyIsSent) {
     const support::Listener listener = support::listenOnFreePort();
     std::thread closing([&] { close(accept(listener.socket, nullptr, nullptr)); });
     Request request = Request::POST("http://127.0.0.1:" + std::to_string(listener.port) + "/");
-    request.body = std::make_shared<const std::string>(std::size_t{32} << 20, 'x');
+    request.body = RequestBody::bytes(std::string(std::size_t{32} << 20, 'x'));
     EXPECT_EQ(failureKind(request), "network");
     closing.join();
     close(listener.socket);

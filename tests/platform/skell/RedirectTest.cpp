@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <memory>
 #include <string>
 
 namespace quorin::skell {
@@ -32,7 +31,7 @@ Request full(HTTPMethod method, std::string url) {
                         {"User-Agent", "test"},
                         {"Accept", "any"},
                         {"X-Own", "own"}},
-            .body = std::make_shared<const std::string>("the body")};
+            .body = RequestBody::bytes("the body")};
 }
 
 /// Method and body of the request that follows when one with a body is redirected on the same origin.

@@ -9,7 +9,6 @@
 #include <atomic>
 #include <future>
 #include <latch>
-#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -22,8 +21,6 @@ using testing::Pair;
 using testing::UnorderedElementsAre;
 
 void echo(const ReceivedRequest& request, Connection& connection) { connection.send(answer(200, request.body)); }
-
-std::shared_ptr<const std::string> bytes(std::string text) { return std::make_shared<const std::string>(text); }
 
 TEST(Request, YieldsTheResponseAndCompletes) {
     const FaultServer server(echo);
@@ -73,7 +70,8 @@ TEST(Request, SendsItsBodyWithTheMethodsThatTakeOne) {
     const FaultServer server(echo);
     for (const HTTPMethod method : {HTTPMethod::GET, HTTPMethod::DELETE, HTTPMethod::OPTIONS, HTTPMethod::PATCH,
                                     HTTPMethod::POST, HTTPMethod::PUT}) {
-        const auto response = performed(Request{.method = method, .url = server.url("/"), .body = bytes("the body")});
+        const auto response =
+            performed(Request{.method = method, .url = server.url("/"), .body = RequestBody::bytes("the body")});
         ASSERT_TRUE(response) << method.rawValue();
         EXPECT_EQ(response->body(), "the body");
         EXPECT_EQ(server.requests().back().header("Content-Type"), std::nullopt);
@@ -84,8 +82,10 @@ TEST(Request, SendsABodyWithHEADAndExpectsNone) {
     const FaultServer server([](const ReceivedRequest&, Connection& connection) {
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 400\r\n\r\n");
     });
-    EXPECT_EQ(performed(Request{.method = HTTPMethod::HEAD, .url = server.url("/"), .body = bytes("asked")})->body(),
-              "");
+    EXPECT_EQ(
+        performed(Request{.method = HTTPMethod::HEAD, .url = server.url("/"), .body = RequestBody::bytes("asked")})
+            ->body(),
+        "");
     EXPECT_EQ(server.requests().at(0).method, "HEAD");
     EXPECT_EQ(server.requests().at(0).body, "asked");
 }
@@ -104,16 +104,17 @@ TEST(Request, SendsABodyOfFiftyMebibytesWhole) {
     const FaultServer server([](const ReceivedRequest& request, Connection& connection) {
         connection.send(answer(200, std::to_string(request.body.size())));
     });
-    const auto body = std::make_shared<const std::string>(std::size_t{50} << 20, 'x');
+    const auto body = RequestBody::bytes(std::string(std::size_t{50} << 20, 'x'));
     const auto response = performed(Request{.method = HTTPMethod::POST, .url = server.url("/"), .body = body});
-    EXPECT_EQ(response->body(), std::to_string(body->size()));
+    EXPECT_EQ(response->body(), std::to_string(body.text().size()));
     EXPECT_EQ(server.requests().at(0).header("Expect"), std::nullopt);
 }
 
 TEST(Request, SendsNULBytesInItsBody) {
     const FaultServer server(echo);
     const std::string body("a\0b", 3);
-    EXPECT_EQ(performed(Request{.method = HTTPMethod::POST, .url = server.url("/"), .body = bytes(body)})->body(),
+    EXPECT_EQ(performed(Request{.method = HTTPMethod::POST, .url = server.url("/"), .body = RequestBody::bytes(body)})
+                  ->body(),
               body);
 }
 

@@ -1,0 +1,34 @@
+#include "quorin/platform/skell/RequestBody.hpp"
+
+#include "quorin/platform/json/Print.hpp"
+#include "quorin/platform/skell/FormBody.hpp"
+#include "quorin/platform/skell/XMLBody.hpp"
+
+#include <utility>
+
+namespace quorin::skell {
+namespace {
+
+std::string written(RequestBodyType type, const json::DocumentMap& content) {
+    switch (type) {
+        case RequestBodyType::JSON: return json::print(content, json::Layout::compact);
+        case RequestBodyType::XML: return xmlBody(content);
+        case RequestBodyType::urlEncoded: return formBody(content);
+    }
+    return {};
+}
+
+}  // namespace
+
+RequestBody::RequestBody(Parts parts) : parts_(std::make_shared<const Parts>(std::move(parts))) {}
+
+RequestBody::RequestBody(RequestBodyType type, json::DocumentMap content)
+    : RequestBody(Parts{.type = type, .content = content, .text = written(type, content)}) {}
+
+RequestBody RequestBody::bytes(std::string text) { return RequestBody(Parts{.text = std::move(text)}); }
+
+RequestBody RequestBody::withContent(json::DocumentMap content) const {
+    return type() ? RequestBody(*type(), std::move(content)) : *this;
+}
+
+}  // namespace quorin::skell
