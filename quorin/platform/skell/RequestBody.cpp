@@ -11,24 +11,23 @@ namespace {
 
 std::string written(RequestBodyType type, const json::DocumentMap& content) {
     switch (type) {
-        case RequestBodyType::JSON: return json::print(content, json::Layout::compact);
         case RequestBodyType::XML: return xmlBody(content);
         case RequestBodyType::urlEncoded: return formBody(content);
+        default: return json::print(content, json::Layout::compact);
     }
-    return {};
 }
 
 }  // namespace
 
 RequestBody::RequestBody(Parts parts) : parts_(std::make_shared<const Parts>(std::move(parts))) {}
 
-RequestBody::RequestBody(RequestBodyType type, json::DocumentMap content)
+RequestBody::RequestBody(RequestBodyType type, const json::DocumentMap& content)
     : RequestBody(Parts{.type = type, .content = content, .text = written(type, content)}) {}
 
 RequestBody RequestBody::bytes(std::string text) { return RequestBody(Parts{.text = std::move(text)}); }
 
-RequestBody RequestBody::withContent(json::DocumentMap content) const {
-    return type() ? RequestBody(*type(), std::move(content)) : *this;
+RequestBody RequestBody::withContent(const json::DocumentMap& content) const {
+    return type() ? RequestBody(*type(), content) : *this;
 }
 
 }  // namespace quorin::skell

@@ -15,13 +15,13 @@ class RequestBody {
 public:
     /// `content` as its type writes it. JSON is the canonical compact form; for the others see `formBody` and
     /// `xmlBody`.
-    explicit RequestBody(RequestBodyType type, json::DocumentMap content = {});
+    explicit RequestBody(RequestBodyType type, const json::DocumentMap& content = {});
 
     /// Bytes that are sent as they stand.
     static RequestBody bytes(std::string text);
 
     /// A body of the same type with another content. Bytes have no type to write it by and stay as they are.
-    RequestBody withContent(json::DocumentMap content) const;
+    RequestBody withContent(const json::DocumentMap& content) const;
 
     /// Absent for bytes.
     std::optional<RequestBodyType> type() const { return parts_->type; }
