@@ -3,6 +3,7 @@
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/wait.h>
@@ -71,6 +72,14 @@ inline std::string inChild(const std::function<std::string()>& work) {
 inline void becomeNobody() {
     constexpr uid_t nobody = 65534;
     if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(1);
+}
+
+/// No file of this process may grow beyond it, as on a full disk.
+inline void limitFiles(rlim_t size) {
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = size;
+    setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 /// Where a process without privileges can do as it likes.

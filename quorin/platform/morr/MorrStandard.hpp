@@ -21,8 +21,8 @@ class Store;
 /// in memory as long as this object lives, and `status()` tells. Keys are any bytes.
 ///
 /// An operation waits up to ten seconds for other processes that hold the file. A store that was used must not be used
-/// on in a child process after fork(2) without exec. A file-size limit of the process raises SIGXFSZ, which is the
-/// host's to handle.
+/// on in a child process after fork(2) without exec. A file-size limit of the process (RLIMIT_FSIZE) is a full disk to
+/// it: the host needs not ignore SIGXFSZ, which stays blocked on the calling thread for the time of an operation.
 class MorrStandard {
 public:
     explicit MorrStandard(morr::Options options);
@@ -51,6 +51,8 @@ public:
     static std::string defaultPath(std::string_view bundleName);
 
 private:
+    struct Turn;
+
     morr::Store& store();
 
     const morr::Options options_;

@@ -6,7 +6,6 @@
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 namespace quorin::morr {
 namespace {
@@ -14,19 +13,11 @@ namespace {
 using support::becomeNobody;
 using support::contentOf;
 using support::inChild;
+using support::limitFiles;
 using support::openToAll;
 using support::TemporaryFolder;
 
 std::string kindName(Kind kind) { return std::to_string(static_cast<int>(kind)); }
-
-/// No file of this process may grow beyond it.
-void limitFiles(rlim_t size) {
-    signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = size;
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
 
 TEST(StoreFailure, KeepsAValueThatCannotBeWrittenInMemory) {
     const TemporaryFolder folder;
