@@ -84,8 +84,12 @@ void Database::CloseConnection::operator()(sqlite3* connection) const { sqlite3_
 void Database::CloseStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 Outcome Database::open(const StoreFile& file) {
-    // SQLite takes a file of one byte for an empty one.
-    if (file.size() == 1) return {Outcome::Kind::damaged, "file is not a database"};
+    // SQLite takes a file of one byte for an empty one, and deletes the log of an empty one, which may hold everything.
+    // A file is begun before its log, so that is asked for first: another process may be making both.
+    const bool hasLog = file.hasWriteAheadLog();
+    const std::size_t size = file.size();
+    if (size == 1) return {Outcome::Kind::damaged, "file is not a database"};
+    if (size == 0 && hasLog) return {Outcome::Kind::damaged, "it is empty and its journal is not"};
     constexpr int common = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     Outcome outcome = connect(file.path, SQLITE_OPEN_READWRITE | common);
     if (outcome.kind != Outcome::Kind::failed || file.hasJournal()) return outcome;

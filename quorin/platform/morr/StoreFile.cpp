@@ -106,6 +106,11 @@ std::string freeNameFor(const std::string& path) {
     return candidate;
 }
 
+bool hasContent(const std::string& path) {
+    struct stat facts{};
+    return lstat(path.c_str(), &facts) == 0 && facts.st_size > 0;
+}
+
 }  // namespace
 
 StoreFile StoreFile::at(const std::string& path) {
@@ -143,13 +148,9 @@ std::size_t StoreFile::size() const {
     return stat(path.c_str(), &facts) == 0 ? static_cast<std::size_t>(facts.st_size) : 0;
 }
 
-bool StoreFile::hasJournal() const {
-    struct stat facts{};
-    for (const char* suffix : {"-wal", "-journal"}) {
-        if (lstat((path + suffix).c_str(), &facts) == 0 && facts.st_size > 0) return true;
-    }
-    return false;
-}
+bool StoreFile::hasJournal() const { return hasWriteAheadLog() || hasContent(path + "-journal"); }
+
+bool StoreFile::hasWriteAheadLog() const { return hasContent(path + "-wal"); }
 
 std::string StoreFile::setAside() {
     const Folder folder(folderOf(path));

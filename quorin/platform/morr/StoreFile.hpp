@@ -32,6 +32,9 @@ struct StoreFile {
     /// True when a journal with content stands beside the file, so the file alone is not the whole database.
     bool hasJournal() const;
 
+    /// True when such a journal is the one of WAL mode, which is never made before the file has content.
+    bool hasWriteAheadLog() const;
+
     /// Renames the file and its journals to `NAME.damaged-TIMESTAMP`, and yields the new name. Empty when another
     /// process has done so first. A failure leaves a `problem`.
     std::string setAside();

@@ -114,6 +114,40 @@ TEST(DamagedStore, TakesItsJournalWithIt) {
     EXPECT_EQ(aside[0].find("s.db.damaged-"), 0U);
 }
 
+/// What a killed process left beside the file, which was emptied then.
+std::string journalOfAnEmptiedFile(const std::string& path) {
+    Child child([&](const Child::Say& say) {
+        MorrStandard store({.path = path});
+        store.put("v", "k");
+        say("put");
+        pause();
+    });
+    EXPECT_EQ(child.line(), "put");
+    child.kill();
+    child.finish();
+    std::filesystem::resize_file(path, 0);
+    return contentOf(path + "-wal");
+}
+
+TEST(DamagedStore, IsAnEmptiedFileWithItsJournal) {
+    const TemporaryFolder folder;
+    const std::string journal = journalOfAnEmptiedFile(folder.file("s.db"));
+    MorrStandard store({.path = folder.file("s.db")});
+    store.put("w", "k");
+    EXPECT_EQ(store.status().kind, Kind::setAside);
+    const auto aside = setAsideIn(folder.path());
+    ASSERT_EQ(aside.size(), 1U);
+    EXPECT_TRUE(contentOf(folder.file(aside[0] + "-wal")) == journal);
+}
+
+TEST(DamagedStore, EmptiedStaysWithItsJournalWhereTheHostWantsItTo) {
+    const TemporaryFolder folder;
+    const std::string journal = journalOfAnEmptiedFile(folder.file("s.db"));
+    MorrStandard({.path = folder.file("s.db"), .setAsideDamaged = false}).put("w", "k");
+    EXPECT_EQ(contentOf(folder.file("s.db")), "");
+    EXPECT_TRUE(contentOf(folder.file("s.db-wal")) == journal && !journal.empty());
+}
+
 TEST(DamagedStore, BehindALinkIsSetAsideBesideItsFile) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder.file("d"));
