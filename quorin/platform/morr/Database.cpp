@@ -6,8 +6,6 @@
 #include <sqlite3.h>
 
 #include <chrono>
-#include <new>
-#include <system_error>
 
 namespace quorin::morr {
 namespace {
@@ -23,31 +21,11 @@ constexpr int pauseMilliseconds = 5;
 constexpr std::string_view tableText =
     "CREATE TABLE entries (key TEXT NOT NULL PRIMARY KEY, type TEXT NOT NULL, value) WITHOUT ROWID";
 constexpr int shapeNumber = 1;
-constexpr char foreignWords[] = "it holds another database, or one of a newer version";
 constexpr char tableStatements[] =
     "BEGIN IMMEDIATE;"
     "CREATE TABLE IF NOT EXISTS entries (key TEXT NOT NULL PRIMARY KEY, type TEXT NOT NULL, value) WITHOUT ROWID;"
     "PRAGMA user_version = 1;"
     "COMMIT";
-
-bool isContention(int code) {
-    const int primary = code & 0xff;
-    return primary == SQLITE_BUSY || primary == SQLITE_LOCKED || primary == SQLITE_PROTOCOL;
-}
-
-Outcome::Kind kindOf(int code) {
-    if (isContention(code)) return Outcome::Kind::busy;
-    switch (code & 0xff) {
-        case SQLITE_OK:
-        case SQLITE_ROW:
-        case SQLITE_DONE: return Outcome::Kind::done;
-        case SQLITE_CORRUPT:
-        case SQLITE_NOTADB: return Outcome::Kind::damaged;
-        // The statements are sound, so it is the tables that are not ours.
-        case SQLITE_ERROR: return Outcome::Kind::foreign;
-        default: return Outcome::Kind::failed;
-    }
-}
 
 /// Tries again what others lock out. Some locks are refused at once, without the database library's own waiting: those
 /// around the opening and closing of a journal.
@@ -56,9 +34,15 @@ int patiently(Try attempt) {
     const auto start = Clock::now();
     for (;;) {
         const int code = attempt();
-        if (!isContention(code) || Clock::now() - start >= patience) return code;
+        if (!Outcome::isContention(code) || Clock::now() - start >= patience) return code;
         sqlite3_sleep(pauseMilliseconds);
     }
+}
+
+/// SQLite reads what is missing of the last page as zeros, which would be the end of a value. Only a journal has more
+/// of such a page, of which a full disk took a part. While a connection is open, no journal with content goes away.
+bool isCutShort(const StoreFile& file, int pageSize) {
+    return pageSize > 0 && file.size() % static_cast<std::size_t>(pageSize) != 0 && !file.hasJournal();
 }
 
 /// Lets go of the row, and of what the parameters lent, however the use of a statement ends.
@@ -91,13 +75,14 @@ Outcome Database::open(const StoreFile& file) {
     if (size == 1) return {Outcome::Kind::damaged, "file is not a database"};
     if (size == 0 && hasLog) return {Outcome::Kind::damaged, "it is empty and its journal is not"};
     constexpr int common = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
-    Outcome outcome = connect(file.path, SQLITE_OPEN_READWRITE | common);
+    Outcome outcome = connect(file, file.path, SQLITE_OPEN_READWRITE | common);
     if (outcome.kind != Outcome::Kind::failed || file.hasJournal()) return outcome;
     // Where no journal can be made, as in a directory that is not writable, the file can still be read as it is.
-    return connect(unchangingURI(file.path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | common) ? Outcome{} : outcome;
+    return connect(file, unchangingURI(file.path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | common) ? Outcome{}
+                                                                                                    : outcome;
 }
 
-Outcome Database::connect(const std::string& name, int flags) {
+Outcome Database::connect(const StoreFile& file, const std::string& name, int flags) {
     *this = Database();
     sqlite3* connection = nullptr;
     const int code = sqlite3_open_v2(name.c_str(), &connection, flags, nullptr);
@@ -108,16 +93,18 @@ Outcome Database::connect(const std::string& name, int flags) {
         sqlite3_db_config(connection, trusted, 0, nullptr);
     }
     leaveAsItIs();
-    Outcome outcome = checkContent();
+    Outcome outcome = checkContent(file);
     if (outcome && isEmpty_) outcome = prepareForWriting();
-    if (outcome) sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    // An empty journal carries nothing over, and would only stay behind.
+    if (outcome || !file.hasWriteAheadLog())
+        sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return outcome;
 }
 
 /// In one transaction, so that all it learns is of one moment.
-Outcome Database::checkContent() {
+Outcome Database::checkContent(const StoreFile& file) {
     Outcome outcome = execute("BEGIN");
-    Statement version, tables, encoding, check;
+    Statement version, tables, encoding;
     if (outcome) outcome = ask("PRAGMA user_version", version);
     if (outcome)
         outcome = ask("SELECT count(*), max(CASE name WHEN 'entries' THEN sql END) FROM sqlite_schema", tables);
@@ -128,12 +115,20 @@ Outcome Database::checkContent() {
     isEmpty_ = isReadable && number == 0 && sqlite3_column_int(tables.get(), 0) == 0;
     const bool isOurs = isReadable && number == shapeNumber && row::bytes(tables.get(), 1) == tableText;
     if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
-    if (!isEmpty_ && !isOurs) return {Outcome::Kind::foreign, foreignWords};
+    if (!isEmpty_ && !isOurs) return Outcome::foreign();
 
-    outcome = ask("PRAGMA quick_check(1)", check);
-    if (outcome && row::bytes(check.get(), 0) != "ok") return {Outcome::Kind::damaged, "its structure is broken"};
-    for (Statement* done : {&version, &tables, &encoding, &check}) done->reset();
+    outcome = checkStructure(file);
+    for (Statement* done : {&version, &tables, &encoding}) done->reset();
     return outcome ? execute("COMMIT") : outcome;
+}
+
+Outcome Database::checkStructure(const StoreFile& file) {
+    Statement check, pageSize;
+    Outcome outcome = ask("PRAGMA quick_check(1)", check);
+    if (outcome && row::bytes(check.get(), 0) != "ok") return {Outcome::Kind::damaged, "its structure is broken"};
+    if (outcome) outcome = ask("PRAGMA page_size", pageSize);
+    const bool isCut = outcome && isCutShort(file, sqlite3_column_int(pageSize.get(), 0));
+    return isCut ? Outcome{Outcome::Kind::damaged, "its end is missing"} : outcome;
 }
 
 /// Not before the first change: a start that only reads is spared it.
@@ -236,18 +231,6 @@ int Database::step(sqlite3_stmt* statement) {
     });
 }
 
-Outcome Database::outcomeOf(int code) const {
-    const Outcome::Kind kind = kindOf(code);
-    if (kind == Outcome::Kind::done) return {};
-    if (kind == Outcome::Kind::foreign) return {kind, foreignWords};
-    if ((code & 0xff) == SQLITE_NOMEM) throw std::bad_alloc();
-    std::string words = sqlite3_errstr(code);
-    const int system = connection_ ? sqlite3_system_errno(connection_.get()) : 0;
-    const int primary = code & 0xff;
-    if (system != 0 && (primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN)) {
-        words += ": " + std::error_code(system, std::generic_category()).message();
-    }
-    return {kind, std::move(words)};
-}
+Outcome Database::outcomeOf(int code) const { return Outcome::of(code, connection_.get()); }
 
 }  // namespace quorin::morr

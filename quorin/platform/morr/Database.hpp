@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quorin/platform/morr/Outcome.hpp"
 #include "quorin/platform/morr/StoreFile.hpp"
 #include "quorin/platform/morr/StoredValue.hpp"
 
@@ -12,27 +13,6 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace quorin::morr {
-
-/// What came of one step on the database.
-struct Outcome {
-    enum class Kind {
-        done,
-        /// Not a database, or one whose structure is broken.
-        damaged,
-        /// A sound database with other content than a store's.
-        foreign,
-        /// Locked by others all the time.
-        busy,
-        /// Anything else: no permission, no space, an error of the disk.
-        failed,
-    };
-
-    Kind kind = Kind::done;
-    /// The database library's words and the system's; no stored value.
-    std::string words{};
-
-    explicit operator bool() const { return kind == Kind::done; }
-};
 
 /// One connection to a store's file: SQLite in WAL mode, durable at each change. For one thread at a time.
 class Database {
@@ -69,8 +49,9 @@ private:
     };
     using Statement = std::unique_ptr<sqlite3_stmt, CloseStatement>;
 
-    Outcome connect(const std::string& name, int flags);
-    Outcome checkContent();
+    Outcome connect(const StoreFile& file, const std::string& name, int flags);
+    Outcome checkContent(const StoreFile& file);
+    Outcome checkStructure(const StoreFile& file);
     Outcome prepareForWriting();
     Outcome prepare(const char* text, Statement& statement);
     Outcome ask(const char* text, Statement& statement);

@@ -44,7 +44,7 @@ TEST(SizeLimit, EndsNoProcessThatClosesItsStore) {
         {
             MorrStandard store({.path = path});
             store.put(std::string(200000, 'v'), "k");
-            limitFiles(8192);
+            limitFiles(10000);
         }
         return std::string("lives");
     });
