@@ -9,7 +9,6 @@
 namespace quorin::foundation {
 namespace {
 
-using Clock = std::chrono::system_clock;
 using std::chrono::seconds;
 
 constexpr std::array<std::string_view, 12> monthNames{"jan", "feb", "mar", "apr", "may", "jun",
@@ -98,15 +97,9 @@ std::optional<std::chrono::sys_seconds> momentOf(const Parts& parts) {
     return std::chrono::sys_days(date) + parts.time->sinceMidnight();
 }
 
-Clock::time_point withinTheClock(std::chrono::sys_seconds moment) {
-    if (moment >= std::chrono::floor<seconds>(Clock::time_point::max())) return Clock::time_point::max();
-    if (moment <= std::chrono::ceil<seconds>(Clock::time_point::min())) return Clock::time_point::min();
-    return moment;
-}
-
 }  // namespace
 
-std::optional<Clock::time_point> cookieDate(std::string_view text) {
+std::optional<std::chrono::sys_seconds> cookieDate(std::string_view text) {
     Parts parts;
     while (!text.empty()) {
         const auto end = std::ranges::find_if(text, isDelimiter);
@@ -114,8 +107,7 @@ std::optional<Clock::time_point> cookieDate(std::string_view text) {
         parts.add(text.substr(0, length));
         text.remove_prefix(std::min(length + 1, text.size()));
     }
-    const auto moment = momentOf(parts);
-    return moment ? std::optional(withinTheClock(*moment)) : std::nullopt;
+    return momentOf(parts);
 }
 
 }  // namespace quorin::foundation

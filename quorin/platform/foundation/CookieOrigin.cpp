@@ -10,12 +10,19 @@ namespace {
 /// Longer ones are no names of the net (RFC 1035 section 2.3.4): 255 bytes with the lengths of first and last label.
 constexpr std::size_t longestHostName = 253;
 
+/// Such a name is an address that is misspelt: it would stand below one, as "a.127.0.0.1".
+bool endsInNumber(std::string_view host) {
+    const auto label = host.substr(host.rfind('.') + 1);
+    return label.find_first_not_of("0123456789") == label.npos;
+}
+
 }  // namespace
 
 std::optional<CookieOrigin> CookieOrigin::of(std::string_view url) {
     auto parts = URL::parse(url);
     if (!parts || !parts->host) return std::nullopt;
-    const bool isName = isHostName(*parts->host) && parts->host->size() <= longestHostName;
+    const bool isName =
+        isHostName(*parts->host) && parts->host->size() <= longestHostName && !endsInNumber(*parts->host);
     if (!parts->hasAddress && !isName) return std::nullopt;
     return CookieOrigin{.host = std::move(*parts->host),
                         .hasAddress = parts->hasAddress,

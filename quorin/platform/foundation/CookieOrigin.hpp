@@ -14,7 +14,7 @@ struct CookieOrigin {
     std::string path = "/";  ///< as the request names it: never empty
 
     /// Empty when `url` does not parse or has no host, and when its host is neither an address nor a host name, of at
-    /// most 253 bytes.
+    /// most 253 bytes and with a last label that is no number.
     static std::optional<CookieOrigin> of(std::string_view url);
 
     /// Whether the host is `domain`, in lower case, or a name below it (section 5.1.3).

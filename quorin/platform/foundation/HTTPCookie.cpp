@@ -18,20 +18,18 @@ using std::chrono::seconds;
 /// By the list within the library, and for names that it does not know by its default rule: a single label is public.
 bool isPublicSuffix(const std::string& domain) { return psl_is_public_suffix(psl_builtin(), domain.c_str()) != 0; }
 
-/// Section 5.2.2. Ages that lead beyond the clock end with it.
+/// Section 5.2.2. Ages that lead beyond all time end with it.
 Time after(Time now, seconds age) {
     if (age <= seconds::zero()) return Time::min();
-    constexpr auto longest = std::chrono::floor<seconds>(Time::duration::max());
-    const auto room = std::chrono::floor<seconds>(Time::max()) - std::chrono::floor<seconds>(now);
-    return age >= std::min(room, longest) ? Time::max() : now + age;
+    const auto passed = std::max(now.time_since_epoch(), seconds::zero());
+    return age > seconds::max() - passed ? Time::max() : now + age;
 }
 
-/// Section 5.3, steps 4 to 6. Whether the host may set a cookie for the domain; an address and a public suffix may for
-/// themselves alone.
+/// Section 5.3, steps 4 to 6. Whether the host may set a cookie for the domain; a public suffix may for itself alone.
 bool place(HTTPCookie& cookie, const std::string& domain, const CookieOrigin& origin) {
     if (!domain.empty() && !origin.domainMatches(domain)) return false;
     const bool isOwn = domain.empty() || domain == origin.host;
-    const bool isAlone = domain.empty() || origin.hasAddress || isPublicSuffix(domain);
+    const bool isAlone = domain.empty() || (!origin.hasAddress && isPublicSuffix(domain));
     if (isAlone && !isOwn) return false;
     cookie.isHostOnly = isAlone;
     cookie.domain = isOwn ? origin.host : domain;
@@ -52,6 +50,8 @@ std::optional<HTTPCookie> cookieFrom(const SetCookie& set, const CookieOrigin& o
 }
 
 }  // namespace
+
+HTTPCookie::Time HTTPCookie::currentTime() { return std::chrono::floor<seconds>(std::chrono::system_clock::now()); }
 
 std::vector<HTTPCookie> HTTPCookie::cookiesWithResponseHeaderFields(std::span<const std::string_view> setCookies,
                                                                     std::string_view url, Time now) {

@@ -11,7 +11,7 @@ namespace quorin::foundation {
 
 /// A cookie as a client holds it (RFC 6265 section 5.3). Its value is a secret: print it only where it is asked for.
 struct HTTPCookie {
-    using Time = std::chrono::system_clock::time_point;
+    using Time = std::chrono::sys_seconds;
 
     /// The requests that other sites cause and that may carry the cookie: all, those that open a page, or none.
     enum class SameSite { none, lax, strict };
@@ -24,7 +24,7 @@ struct HTTPCookie {
     bool isSecure = false;               ///< sent with https alone
     bool isHTTPOnly = false;             ///< data for hosts that show cookies to scripts
     std::optional<SameSite> sameSite{};  ///< data for hosts that make requests on behalf of pages
-    std::optional<Time> expires{};       ///< absent: with the session; the clock's first or last moment when beyond it
+    std::optional<Time> expires{};       ///< absent: with the session
 
     bool operator==(const HTTPCookie&) const = default;
 
@@ -33,8 +33,9 @@ struct HTTPCookie {
     /// one with a control character, or with more than 4096 bytes of name and value. Those that expire at once are
     /// among them: they remove what is held. Empty when `url` has no host. Any thread.
     static std::vector<HTTPCookie> cookiesWithResponseHeaderFields(std::span<const std::string_view> setCookies,
-                                                                   std::string_view url,
-                                                                   Time now = std::chrono::system_clock::now());
+                                                                   std::string_view url, Time now = currentTime());
+
+    static Time currentTime();
 };
 
 }  // namespace quorin::foundation

@@ -23,7 +23,7 @@ public:
     /// The time by which cookies expire. Called on the thread that calls the storage, and never under its lock.
     using Clock = std::function<HTTPCookie::Time()>;
 
-    explicit HTTPCookieStorage(Clock clock = std::chrono::system_clock::now) : clock_(std::move(clock)) {}
+    explicit HTTPCookieStorage(Clock clock = HTTPCookie::currentTime) : clock_(std::move(clock)) {}
 
     /// The one of the process, which requests use unless they are told otherwise. Never destroyed.
     static const std::shared_ptr<HTTPCookieStorage>& shared();

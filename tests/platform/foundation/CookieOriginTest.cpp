@@ -24,8 +24,9 @@ TEST(CookieOrigin, IsSecureWithHTTPSAlone) {
 TEST(CookieOrigin, NeedsAHostNameOrAnAddress) {
     for (const char* url : {"http://h", "http://a_b.c", "http://127.0.0.1/", "http://[::1]/"})
         EXPECT_TRUE(CookieOrigin::of(url)) << url;
-    for (const char* url : {"", "h", "/p", "http:", "http:///p", "http://:80/", "http://h./", "http://a..b/",
-                            "http://a%62/", "http://a!b/", "http://h/{id}", "mailto:a@b"})
+    for (const char* url :
+         {"", "h", "/p", "http:", "http:///p", "http://:80/", "http://h./", "http://a..b/", "http://a%62/",
+          "http://a!b/", "http://a.127.0.0.1/", "http://127.1/", "http://h/{id}", "mailto:a@b"})
         EXPECT_FALSE(CookieOrigin::of(url)) << url;
 }
 

@@ -73,11 +73,10 @@ TEST(HTTPCookie, OfNoAgeEndsBeforeAllTime) {
         EXPECT_EQ(endOf("Max-Age=" + std::string(age)), Time::min()) << age;
 }
 
-TEST(HTTPCookie, OfAHugeAgeEndsWithTheClock) {
-    for (const Time moment : {Time::min(), Time(), now, Time::max() - 1s, Time::max()})
+TEST(HTTPCookie, OfAHugeAgeEndsWithAllTime) {
+    for (const Time moment : {Time(), now, Time::max() - 1s, Time::max()})
         for (const char* age : {"9223372036854775807", "99999999999999999999"})
             EXPECT_EQ(endOf("Max-Age=" + std::string(age), moment), Time::max()) << age;
-    EXPECT_EQ(endOf("Max-Age=15000000000", Time::min()), Time::max());
     EXPECT_EQ(endOf("Max-Age=5", Time::max()), Time::max());
     EXPECT_EQ(endOf("Max-Age=5", Time::min()), Time::min() + 5s);
     EXPECT_EQ(endOf("Max-Age=5", Time::max() - 10s), Time::max() - 5s);
@@ -136,15 +135,15 @@ TEST(HTTPCookie, IsNotSetForPublicSuffixesButByThemselves) {
                    {"http://me.github.io/", "me.github.io", "me.github.io", false}});
 }
 
-TEST(HTTPCookie, OfAnAddressIsOfItAlone) {
+TEST(HTTPCookie, OfAnAddressIsForNoOtherHost) {
     expectDomains({{"http://127.0.0.1/", "", "127.0.0.1", true},
-                   {"http://127.0.0.1/", ".127.0.0.1", "127.0.0.1", true},
+                   {"http://127.0.0.1/", ".127.0.0.1", "127.0.0.1", false},
                    {"http://127.0.0.1/", "0.0.1", nullptr, true},
                    {"http://127.0.0.1/", "1", nullptr, true},
                    {"http://[0:0::1]/", "", "[::1]", true},
-                   {"http://[::1]:80/", "[::1]", "[::1]", true},
+                   {"http://[::1]:80/", "[::1]", "[::1]", false},
                    {"http://[::1]/", "::1", nullptr, true},
-                   {"http://[FE80::A]/", "[FE80::A]", "[fe80::a]", true}});
+                   {"http://[FE80::A]/", "[FE80::A]", "[fe80::a]", false}});
 }
 
 TEST(HTTPCookie, HasNoPathWiderThanItsURLWhenTheAttributeIsNone) {
