@@ -1,5 +1,6 @@
 #include "quorin/platform/skell/Exchange.hpp"
 
+#include "quorin/platform/skell/Address.hpp"
 #include "quorin/platform/skell/Loop.hpp"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ constexpr milliseconds longest = std::chrono::hours(24 * 365);  // keeps the clo
 
 Exchange::Exchange(Loop& loop, Hop first, Transport transport, rx::Observer<Response> observer)
     : loop_(loop),
+      firstURL_(first.url),
       hop_(std::move(first)),
       transport_(std::move(transport)),
       observer_(std::move(observer)),
@@ -48,14 +50,21 @@ void Exchange::startHop() {
 
 /// A caller's own Cookie header stands as it is.
 void Exchange::addCookies(Hop& hop) const {
-    if (!transport_.cookiesFor || hop.has("Cookie")) return;
-    if (std::string cookies = transport_.cookiesFor(hop.url); !cookies.empty()) hop.headers["Cookie"] = cookies;
+    if (!transport_.cookies || hop.has("Cookie") || !mayHaveCookies()) return;
+    if (std::string held = transport_.cookies->cookieHeader(hop.url); !held.empty()) hop.headers["Cookie"] = held;
+}
+
+/// Cookies know no ports (RFC 6265 section 8.5), but another origin of the first host must not have what is the
+/// first's.
+bool Exchange::mayHaveCookies() const {
+    if (redirects_ == 0) return true;
+    const auto from = Address::of(firstURL_);
+    const auto to = Address::of(hop_.url);
+    return from && to && (from->host != to->host || from->sameOrigin(*to));
 }
 
 void Exchange::takeCookies(const Response& response) const {
-    if (!transport_.takeCookies) return;
-    const auto values = response.allHeaders("Set-Cookie");
-    if (!values.empty()) transport_.takeCookies(response.url(), {values.begin(), values.end()});
+    if (transport_.cookies) transport_.cookies->setCookies(response.allHeaders("Set-Cookie"), response.url());
 }
 
 void Exchange::hopEnded(CURLcode code) {

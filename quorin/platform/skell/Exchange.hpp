@@ -11,6 +11,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace quorin::skell {
@@ -41,12 +42,14 @@ public:
 private:
     void startHop();
     void addCookies(Hop& hop) const;
+    bool mayHaveCookies() const;
     void takeCookies(const Response& response) const;
     void take(Response response);
     void fail(SkellError error);
     rx::Observer<Response> end();
 
     Loop& loop_;
+    const std::string firstURL_;
     Hop hop_;
     Transport transport_;
     rx::Observer<Response> observer_;

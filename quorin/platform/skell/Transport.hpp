@@ -1,11 +1,12 @@
 #pragma once
 
+#include "quorin/platform/foundation/HTTPCookieStorage.hpp"
+
 #include <chrono>
 #include <cstddef>
-#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace quorin::skell {
 
@@ -23,13 +24,9 @@ struct Transport {
     /// `https_proxy`, `all_proxy`, `no_proxy`).
     std::optional<std::string> proxy{};
 
-    /// Gives the `Cookie` value for one hop to `url`, or empty text for none. Asked before each hop, redirects
-    /// included, unless the request has a Cookie header of its own there. Called on the request thread.
-    std::function<std::string(const std::string& url)> cookiesFor{};
-
-    /// Takes the `Set-Cookie` values of one hop's response, redirects included, in order. Called on the request thread,
-    /// before the next hop and before the response is delivered, and only when there are any.
-    std::function<void(const std::string& url, const std::vector<std::string>& setCookies)> takeCookies{};
+    /// Where cookies are kept. Each hop, redirects included, sends what it holds for its URL, unless the request has a
+    /// Cookie header of its own there, and keeps what the response sets. Null: no cookies are sent or kept.
+    std::shared_ptr<foundation::HTTPCookieStorage> cookies = foundation::HTTPCookieStorage::shared();
 
     /// What requests use that name no transport of their own. Any thread.
     static Transport standard();

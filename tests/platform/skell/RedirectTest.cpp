@@ -136,31 +136,5 @@ TEST(Redirect, IsNotFollowedToOtherSchemesOrNowhere) {
     }
 }
 
-TEST(Redirect, AsksForCookiesAndGivesThemAtEachHop) {
-    const FaultServer server([](const ReceivedRequest& request, Connection& connection) {
-        const std::string cookies = "Set-Cookie: at=" + request.target.substr(1) + "\r\nSet-Cookie: x=y\r\n";
-        connection.send(request.target == "/b" ? answer(200, "", cookies)
-                                               : answer(302, "", cookies + "Location: /b\r\n"));
-    });
-    std::vector<std::string> taken;
-    Transport transport;
-    transport.cookiesFor = [](const std::string& url) { return "for=" + url.substr(url.rfind('/') + 1); };
-    transport.takeCookies = [&](const std::string& url, const std::vector<std::string>& values) {
-        taken.push_back(url.substr(url.rfind('/')) + " " + values.at(0) + " " + values.at(1));
-    };
-    EXPECT_EQ(failureKind(with(transport, Request::GET(server.url("/a")))), "none");
-    EXPECT_EQ(server.requests().at(0).header("Cookie"), "for=a");
-    EXPECT_EQ(server.requests().at(1).header("Cookie"), "for=b");
-    EXPECT_THAT(taken, ElementsAre("/a at=a x=y", "/b at=b x=y"));
-}
-
-TEST(Redirect, LeavesACookieHeaderOfTheCallersAlone) {
-    const FaultServer server({{"/", answer(200)}});
-    Request request{.url = server.url("/"), .headers = {{"cookie", "own=1"}}, .transport = Transport{}};
-    request.transport->cookiesFor = [](const std::string&) { return "other=2"; };
-    EXPECT_EQ(failureKind(request), "none");
-    EXPECT_EQ(server.requests().at(0).header("Cookie"), "own=1");
-}
-
 }  // namespace
 }  // namespace quorin::skell

@@ -65,8 +65,10 @@ class Sending : public testing::TestWithParam<Sent> {
 protected:
     /// What the server sees of a request. The next one shows on the same connection when bytes are left over.
     std::string received(std::optional<RequestBody> body) const {
-        const Request request{
-            .method = GetParam().method, .url = server_.url("/p/a?x=1"), .body = std::move(body), .transport = {}};
+        const Request request{.method = GetParam().method,
+                              .url = server_.url("/p/a?x=1"),
+                              .body = std::move(body),
+                              .transport = Transport{.cookies = nullptr}};
         const auto response = performed(request);
         return response ? written(server_.requests().back()) : kindOf(response);
     }
