@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace quorin {
@@ -24,14 +25,17 @@ void store(MorrStandard& store, std::string_view key, const std::optional<std::s
 }
 
 /// Keeps the store in step with a stream for as long as the stream lives, beginning with its current value. That value
-/// is not written back where it is the one just read: another process may have changed it since.
+/// is not written back where it is the one just read: another process may have changed it since. `then` is told of each
+/// value when it is stored.
 template <class T>
 void persistUnder(std::string_view key, const rx::Observable<T>& stream, const std::shared_ptr<MorrStandard>& into,
-                  const Identity::OptionalText& restored) {
+                  const Identity::OptionalText& restored,
+                  const std::function<void(const std::type_identity_t<T>&)>& then = {}) {
     rx::distinctUntilChanged(stream, std::equal_to<T>())
-        .subscribe({.next = [key, into, restored, isFirst = true](const T& value) mutable {
+        .subscribe({.next = [key, into, restored, then, isFirst = true](const T& value) mutable {
             const bool isRestored = std::exchange(isFirst, false) && restored == value;
             if (!isRestored) store(*into, key, value);
+            if (then) then(value);
         }});
 }
 
@@ -68,9 +72,20 @@ void Identity::persist(const StoredIdentity& stored) {
     persistUnder(PersistenceKeys::vexoMVPD, vexoMVPD_.asObservable(), store, stored.vexoMVPD);
 }
 
-/// What has to happen whenever the account changes, and once with the account that was restored.
+/// Whenever the account changes, and once with the account that was restored, its cookie follows.
 void Identity::followAccount(const OptionalText& stored) {
-    persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store, stored);
+    persistUnder(PersistenceKeys::kova, kovaObserver_, platform_.store, stored,
+                 [this](const OptionalText& kova) { sync(createCookie(kova)); });
+}
+
+std::optional<foundation::HTTPCookie> Identity::createCookie(const OptionalText& kova) const {
+    return accountCookie(kova, configDomain());
+}
+
+void Identity::sync(const std::optional<foundation::HTTPCookie>& kovaCookie) {
+    if (!kovaCookie || kovaCookie->value.empty()) return;
+    configDomain_.assign(kovaCookie->domain);
+    if (platform_.transport.cookies) platform_.transport.cookies->setCookie(*kovaCookie);
 }
 
 void Identity::setUserAgent(const std::string& existing) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quorin/context/AccountCookie.hpp"
 #include "quorin/context/AnonymousBind.hpp"
 #include "quorin/context/Platform.hpp"
 #include "quorin/platform/rx/Observable.hpp"
@@ -56,6 +57,16 @@ public:
 
     /// A new parent identifier; the child's stays.
     void generateNewParentProfileID();
+
+    /// The cookie that carries `kova` to the current domain, as `accountCookie` makes it.
+    std::optional<foundation::HTTPCookie> createCookie(const OptionalText& kova) const;
+
+    /// Makes the cookie's domain the current one and installs the cookie where requests find it. Nothing happens
+    /// without a cookie, or when its value is empty.
+    void sync(const std::optional<foundation::HTTPCookie>& kovaCookie);
+
+    /// Installs the cookie of the current account identifier, if it makes one.
+    void regenerateCookie() { sync(createCookie(kova())); }
 
     /// The headers that stem from the identity: user agent, TV provider and account identifier, absent ones left out.
     StringMap headers() const;

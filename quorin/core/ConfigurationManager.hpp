@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quorin/context/AnonymousBind.hpp"
+#include "quorin/context/CookieKeys.hpp"
 #include "quorin/model/Configuration.hpp"
 
 #include <memory>
@@ -23,6 +24,7 @@ struct ProfileBindArguments {
 class ConfigurationManager {
 public:
     class Instance;
+    using CookieKeys = quorin::CookieKeys;
 
     ConfigurationManager() = delete;
 

@@ -64,7 +64,7 @@ public:
     OptionalText VEXOMVPD() const { return identity_.vexoMVPD(); }
     void setVEXOMVPD(OptionalText value) { identity_.setVEXOMVPD(std::move(value)); }
 
-    /// The domain, or URL, for which the account cookie is made.
+    /// The domain, or URL, for which the account cookie is made; `sync` sets it.
     OptionalText configDomain() const { return identity_.configDomain(); }
 
     /// An assignment keeps what `ConfigurationManagerUtils::generateUserAgent` makes of the text, for this process.
@@ -92,6 +92,26 @@ public:
 
     /// A new parent identifier; the child's stays.
     void generateNewParentProfileID() { identity_.generateNewParentProfileID(); }
+
+    /// The cookie named "KOVA" that carries `kova` to the current domain: for its host alone, until the session ends.
+    /// Absent where `kova` or the domain is absent, the domain is neither a URL nor a host, or `kova` has a control
+    /// character or more than a cookie holds (4096 bytes with its name). Of a `kova` with ";" it carries what stands
+    /// before.
+    std::optional<foundation::HTTPCookie> createCookie(const OptionalText& kova) const {
+        return identity_.createCookie(kova);
+    }
+
+    /// Keeps the cookie's domain as the current one, and the cookie in the storage of the platform's transport, where
+    /// it replaces one of the same name, domain and path. Nothing happens without a cookie, or when its value is empty.
+    void sync(const std::optional<foundation::HTTPCookie>& kovaCookie) { identity_.sync(kovaCookie); }
+
+    /// Installs the cookie of the current account identifier, as its every change does; nothing where it makes none.
+    void regenerateCookie() { identity_.regenerateCookie(); }
+
+    /// The first cookie named "KOVA", in just these letters, that a response sets; absent when it sets none.
+    static std::optional<foundation::HTTPCookie> kovaCookie(const skell::Response& response) {
+        return accountCookieOf(response);
+    }
 
     /// Nothing: a manager has nothing to undo. Hosts may call it at any time.
     void teardown() const {}

@@ -85,7 +85,7 @@ TEST(Identity, RestoresEveryPersistedValue) {
         identity.setKova("account");
         identity.setProfileJWT("token");
         identity.setVEXOMVPD("provider");
-        identity.setConfigDomain("https://example.com");
+        identity.setConfigDomain("example.com");
         identity.setParentProfileID("p-parent");
         identity.setChildProfileID("p-child");
     }
@@ -94,7 +94,7 @@ TEST(Identity, RestoresEveryPersistedValue) {
     EXPECT_EQ(identity.kova(), "account");
     EXPECT_EQ(identity.profileJWT(), "token");
     EXPECT_EQ(identity.vexoMVPD(), "provider");
-    EXPECT_EQ(identity.configDomain(), "https://example.com");
+    EXPECT_EQ(identity.configDomain(), "example.com");
     EXPECT_EQ(identity.parentProfileID(), "p-parent");
     EXPECT_EQ(identity.childProfileID(), "p-child");
 }

@@ -17,6 +17,7 @@ inline Platform phone(const std::string& store) {
     Platform platform = Platform::standard({.name = "Sample", .shortVersion = "2.4"});
     platform.store = std::make_shared<MorrStandard>(morr::Options{.path = store});
     platform.device = {.model = "iPhone9,1", .systemName = "iOS", .systemVersion = "10.3.1"};
+    platform.transport.cookies = std::make_shared<foundation::HTTPCookieStorage>();
     platform.locale = [] { return std::string("en_US"); };
     return platform;
 }
