@@ -11,8 +11,9 @@ import unittest
 PROGRAM = pathlib.Path(os.environ["QUORIN_PROGRAM"]).resolve()
 GUARD = 120  # seconds after which a run counts as hung
 
-COMMANDS = ["load", "show", "read", "equal", "brand", "identity", "headers", "user-agent", "completion"]
-IDENTITY_COMMANDS = ["set", "unset", "new-parent", "bind"]
+COMMANDS = ["load", "show", "read", "equal", "brand", "identity", "cookie", "headers", "user-agent", "completion"]
+IDENTITY_COMMANDS = ["set", "unset", "new-parent", "bind", "watch"]
+COOKIE_COMMANDS = ["parse", "sync", "show"]
 
 
 class Run:

@@ -4,7 +4,7 @@ import shutil
 import subprocess
 import unittest
 
-from program import COMMANDS, GUARD, IDENTITY_COMMANDS, ProgramTest
+from program import COMMANDS, COOKIE_COMMANDS, GUARD, IDENTITY_COMMANDS, ProgramTest
 
 
 class Completion(ProgramTest):
@@ -31,6 +31,7 @@ class Completion(ProgramTest):
         self.assertEqual(self.completed("identity", "b"), ["bind"])
         self.assertLessEqual(set(COMMANDS), set(self.completed("")))
         self.assertLessEqual(set(IDENTITY_COMMANDS), set(self.completed("identity", "")))
+        self.assertLessEqual(set(COOKIE_COMMANDS), set(self.completed("cookie", "")))
         self.assertEqual(self.completed("--store", "x", "id"), ["identity"])
         self.assertEqual(self.completed("load", "id"), [])
 
@@ -42,7 +43,7 @@ class Completion(ProgramTest):
     def test_other_scripts_name_all_commands(self):
         for shell in ("zsh", "fish"):
             script = self.script(shell)
-            for name in (*COMMANDS, *IDENTITY_COMMANDS):
+            for name in (*COMMANDS, *IDENTITY_COMMANDS, *COOKIE_COMMANDS):
                 self.assertIn(name, script)
 
     @unittest.skipUnless(shutil.which("zsh"), "needs zsh")

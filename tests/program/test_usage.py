@@ -2,7 +2,7 @@
 
 import os
 
-from program import COMMANDS, IDENTITY_COMMANDS, ProgramTest
+from program import COMMANDS, COOKIE_COMMANDS, IDENTITY_COMMANDS, ProgramTest
 
 TYPES = ["Configuration", "Initialize", "AppVersion", "ApplicationData", "Common", "Auth", "Profile", "Group",
          "Feature", "Player", "Ads", "ContinuousPlayback", "Timing", "Duration", "AnalyticSuite", "ConfigLayout",
@@ -18,8 +18,8 @@ class WrongArguments(ProgramTest):
             self.assertIn(command, run.last_line)
 
     def test_unknown_commands_are_refused(self):
-        for words in (["foo"], ["watch"], ["cookie", "show"], ["request", "x"], ["encode", "a=b"], ["append", "a", "b"],
-                      ["identity", "watch"], ["identity", "foo"], ["Load", "x"], ["help"], [""], ["-"]):
+        for words in (["foo"], ["watch"], ["cookie", "foo"], ["request", "x"], ["encode", "a=b"], ["append", "a", "b"],
+                      ["identity", "foo"], ["Load", "x"], ["help"], [""], ["-"]):
             with self.subTest(words=words):
                 self.own_failure(2, "usage", *words)
 
@@ -235,7 +235,8 @@ class Environment(ProgramTest):
 
 class Help(ProgramTest):
     def test_every_command_explains_itself_with_an_example(self):
-        paths = [[], *([name] for name in COMMANDS), *(["identity", name] for name in IDENTITY_COMMANDS)]
+        paths = [[], *([name] for name in COMMANDS), *(["identity", name] for name in IDENTITY_COMMANDS),
+                 *(["cookie", name] for name in COOKIE_COMMANDS)]
         for path in paths:
             for flag in ("--help", "-h"):
                 with self.subTest(path=path):

@@ -24,6 +24,7 @@ void addRead(CLI::App& program, Action& chosen);
 void addEqual(CLI::App& program, Action& chosen);
 void addBrand(CLI::App& program, Action& chosen);
 void addIdentity(CLI::App& program, Action& chosen);
+void addCookie(CLI::App& program, Action& chosen);
 void addHeaders(CLI::App& program, Action& chosen);
 void addUserAgent(CLI::App& program, Action& chosen);
 void addCompletion(CLI::App& program, Action& chosen);

@@ -1,7 +1,6 @@
-#include "quorin/platform/foundation/Masked.hpp"
-
 #include "Command.hpp"
 #include "IdentityNames.hpp"
+#include "Watch.hpp"
 
 #include <vector>
 
@@ -9,11 +8,6 @@ namespace quorin::tool {
 namespace {
 
 using Instance = ConfigurationManager::Instance;
-
-json::Value shown(const std::optional<std::string>& value, bool revealed) {
-    if (!value) return {};
-    return revealed ? json::Value(*value) : json::Value(foundation::masked(*value));
-}
 
 Outcome printAll(Session& session, bool reveal) {
     const Instance& manager = session.manager();
@@ -89,6 +83,10 @@ void addIdentity(CLI::App& program, Action& chosen) {
     addBind(identity, chosen);
     // none of these prints a masked value; a command that does is added after them
     for (CLI::App* const below : identity.get_subcommands(nullptr)) below->excludes(&unmasked);
+    CLI::App& watching =
+        command(identity, "watch", "Assign the values of the lines NAME VALUE, and print what observers see",
+                "quorin identity watch < assignments.txt");
+    watching.callback([=, &chosen] { chosen = [=](Session& session) { return watch(session, *reveal); }; });
     identity.callback([=, &identity, &chosen] {
         if (identity.get_subcommands().empty()) chosen = [=](Session& session) { return printAll(session, *reveal); };
     });

@@ -1,5 +1,7 @@
 #include "IdentityNames.hpp"
 
+#include "quorin/platform/foundation/Masked.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -32,6 +34,11 @@ std::vector<std::string> IdentityName::all(bool optionalOnly) {
         if (row.optional || !optionalOnly) all.emplace_back(row.name);
     }
     return all;
+}
+
+json::Value shown(const std::optional<std::string>& secret, bool revealed) {
+    if (!secret) return {};
+    return revealed ? json::Value(*secret) : json::Value(foundation::masked(*secret));
 }
 
 }  // namespace quorin::tool

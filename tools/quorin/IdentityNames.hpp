@@ -21,4 +21,7 @@ struct IdentityName {
     static std::vector<std::string> all(bool optionalOnly);
 };
 
+/// A secret as JSON: masked unless it is `revealed`, null where it is absent.
+json::Value shown(const std::optional<std::string>& secret, bool revealed);
+
 }  // namespace quorin::tool

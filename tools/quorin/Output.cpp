@@ -41,10 +41,19 @@ std::string withoutControls(std::string_view text) {
     return escaped(json::isUTF8(text) ? std::string(text) : json::repairedUTF8(text), "");
 }
 
-void Output::json(const json::Value& value) {
-    const std::string canonical = json::print(value, layout) + "\n";
-    text(isatty(STDOUT_FILENO) ? escaped(canonical, "\n") : canonical);
+void Output::json(const json::Value& value) { print(value, layout); }
+
+void Output::record(const json::Value& value) {
+    print(value, json::Layout::compact);
+    written_ = flush();
 }
+
+void Output::print(const json::Value& value, json::Layout as) { printSafely(json::print(value, as) + "\n"); }
+
+void Output::command(const std::string& text) { printSafely(text + "\n"); }
+
+/// A terminal gets no control characters.
+void Output::printSafely(const std::string& result) { text(isatty(STDOUT_FILENO) ? escaped(result, "\n") : result); }
 
 void Output::text(std::string_view text) {
     written_ = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && written_;

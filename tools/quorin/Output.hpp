@@ -21,11 +21,17 @@ public:
     /// The canonical text of `value` and a newline.
     void json(const json::Value& value);
 
+    /// The same on one line, which the reader of the output has at once.
+    void record(const json::Value& value);
+
     /// The text of a result as it stands.
     void text(std::string_view text);
 
     /// `text` and a newline, without control characters.
     void line(std::string_view text);
+
+    /// A command line and a newline, byte for byte but on a terminal.
+    void command(const std::string& text);
 
     void warn(std::string_view message);
 
@@ -36,6 +42,9 @@ public:
     bool flush() const;
 
 private:
+    void print(const json::Value& value, json::Layout as);
+    void printSafely(const std::string& result);
+
     bool written_ = true;
 };
 

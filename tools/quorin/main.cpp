@@ -57,8 +57,8 @@ void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
 
 void addCommands(CLI::App& program, Action& chosen) {
     program.require_subcommand(1);
-    for (const auto add :
-         {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addHeaders, addUserAgent, addCompletion})
+    for (const auto add : {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addCookie, addHeaders,
+                           addUserAgent, addCompletion})
         add(program, chosen);
 }
 
