@@ -41,13 +41,12 @@ void persistUnder(std::string_view key, const rx::Observable<T>& stream, const s
 
 }  // namespace
 
-Identity::Identity(const Platform& platform) : Identity(platform, StoredIdentity::readFrom(*platform.store)) {}
+Identity::Identity(const Platform& platform) : Identity(platform, StoredIdentity::completedIn(platform)) {}
 
 Identity::Identity(const Platform& platform, const StoredIdentity& stored)
     : platform_(platform),
-      parentProfileID_(stored.parentProfileID ? *stored.parentProfileID
-                                              : ConfigurationManagerUtils::generateParentProfileID(platform)),
-      childProfileID_(stored.childProfileID.value_or(parentProfileID_.value())),
+      parentProfileID_(stored.parentProfileID.value_or(std::string())),
+      childProfileID_(stored.childProfileID.value_or(std::string())),
       profileJWT_(stored.profileJWT),
       kova_(stored.kova),
       configDomain_(stored.domain),

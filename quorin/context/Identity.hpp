@@ -15,8 +15,8 @@ namespace quorin {
 struct StoredIdentity;
 
 /// The identity and session values that every request needs, each in an observable cell. The persistent ones are
-/// restored from the store in one read and put back at every change, before the assignment returns (but for the one
-/// case that `rx::Variable::assign` names). Any thread.
+/// restored from the store in one read, the profiles made where it has none, and put back at every change, before the
+/// assignment returns (but for the one case that `rx::Variable::assign` names). Any thread.
 class Identity {
 public:
     using OptionalText = std::optional<std::string>;

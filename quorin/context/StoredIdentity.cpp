@@ -23,6 +23,13 @@ std::optional<std::string> textIn(MorrStandard& store, std::string_view key) {
     return value ? textOf(*value) : std::nullopt;
 }
 
+std::string newParentProfileID(const Platform& platform) { return "p" + platform.uuid(); }
+
+/// The text that is in the store under the key, which is this one where there was none.
+std::string claimed(MorrStandard& store, std::string_view key, const std::string& text) {
+    return textOf(store.putIfAbsent(text, key)).value_or(text);
+}
+
 }  // namespace
 
 StoredIdentity StoredIdentity::readFrom(MorrStandard& store) {
@@ -33,6 +40,15 @@ StoredIdentity StoredIdentity::readFrom(MorrStandard& store) {
             .kova = textIn(values, PersistenceKeys::kova),
             .domain = textIn(values, PersistenceKeys::domain),
             .vexoMVPD = textIn(values, PersistenceKeys::vexoMVPD)};
+}
+
+StoredIdentity StoredIdentity::completedIn(const Platform& platform) {
+    MorrStandard& store = *platform.store;
+    StoredIdentity stored = readFrom(store);
+    auto& parent = stored.parentProfileID;
+    if (!parent) parent = claimed(store, PersistenceKeys::parentProfileID, newParentProfileID(platform));
+    if (!stored.childProfileID) stored.childProfileID = claimed(store, PersistenceKeys::childProfileID, *parent);
+    return stored;
 }
 
 namespace ConfigurationManagerUtils {
@@ -55,7 +71,8 @@ std::optional<std::string> retrieveProfileJWT(const Platform& platform) {
 
 std::string retrieveParentProfileID(const Platform& platform) {
     auto stored = textIn(*platform.store, PersistenceKeys::parentProfileID);
-    return stored ? *std::move(stored) : generateParentProfileID(platform);
+    return stored ? *std::move(stored)
+                  : claimed(*platform.store, PersistenceKeys::parentProfileID, newParentProfileID(platform));
 }
 
 std::string retrieveChildProfileID(const Platform& platform) {
@@ -64,7 +81,7 @@ std::string retrieveChildProfileID(const Platform& platform) {
 }
 
 std::string generateParentProfileID(const Platform& platform) {
-    std::string identifier = "p" + platform.uuid();
+    std::string identifier = newParentProfileID(platform);
     platform.store->put(identifier, PersistenceKeys::parentProfileID);
     return identifier;
 }

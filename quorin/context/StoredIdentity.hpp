@@ -18,6 +18,10 @@ struct StoredIdentity {
 
     /// All of them in one read of the store.
     static StoredIdentity readFrom(MorrStandard& store);
+
+    /// With both profiles: what is missing of them is made, and is in the store then. Processes that start at once on
+    /// an empty store get the same.
+    static StoredIdentity completedIn(const Platform& platform);
 };
 
 /// Each of them read from the store by its key.
@@ -28,7 +32,7 @@ std::optional<std::string> retrieveDomain(const Platform& platform = platform::c
 std::optional<std::string> retrieveVEXOMVPD(const Platform& platform = platform::current());
 std::optional<std::string> retrieveProfileJWT(const Platform& platform = platform::current());
 
-/// Where the store has none, a new one, which is in the store then.
+/// Where the store has none, a new one, which is in the store then; for all processes that ask at once the same.
 std::string retrieveParentProfileID(const Platform& platform = platform::current());
 
 /// Where the store has none, the parent's.

@@ -97,5 +97,21 @@ TEST(TwoProcesses, AssignAndRemoveAtOnce) {
     EXPECT_EQ(manager.kova(), "b99");
 }
 
+TEST(TwoProcesses, StartForTheFirstTimeAtOnceWithOneProfile) {
+    for (int round = 0; round < 10; ++round) {
+        const Testbed bed;
+        const auto start = [&](const Child::Say& say) {
+            const Instance manager(bed.start());
+            say(manager.parentProfileID() + " " + manager.childProfileID());
+        };
+        const Child first(start);
+        const Child second(start);
+        const std::string profiles = first.line();
+        EXPECT_EQ(second.line(), profiles);
+        const Instance manager(bed.start());
+        EXPECT_EQ(manager.parentProfileID() + " " + manager.childProfileID(), profiles);
+    }
+}
+
 }  // namespace
 }  // namespace quorin

@@ -199,6 +199,20 @@ Outcome Database::erase(std::string_view key) {
     return outcomeOf(code);
 }
 
+Outcome Database::claim(std::string_view key, const StoredValue& value, std::optional<StoredValue>& there) {
+    Outcome outcome = prepareForWriting();
+    if (outcome) outcome = execute("BEGIN IMMEDIATE");
+    if (!outcome) return outcome;
+    outcome = read(key, there);
+    if (outcome && (!there || there->index() != value.index())) {
+        outcome = write(key, value);
+        there = value;
+    }
+    if (outcome) return execute("COMMIT");
+    execute("ROLLBACK");
+    return outcome;
+}
+
 Outcome Database::prepare(const char* text, Statement& statement) {
     return outcomeOf(patiently([&] {
         sqlite3_stmt* prepared = nullptr;

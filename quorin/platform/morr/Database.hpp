@@ -37,6 +37,9 @@ public:
     Outcome write(std::string_view key, const StoredValue& value);
     Outcome erase(std::string_view key);
 
+    /// Writes unless a value of the same type is there, whoever put it, and yields what is there then.
+    Outcome claim(std::string_view key, const StoredValue& value, std::optional<StoredValue>& there);
+
     /// Closing will not carry the journal over into the file: for a file that is damaged or not ours.
     void leaveAsItIs();
 

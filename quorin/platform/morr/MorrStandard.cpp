@@ -43,6 +43,11 @@ void MorrStandard::put(morr::StoredValue value, std::string_view forKey) {
     store().change(forKey, std::move(value));
 }
 
+morr::StoredValue MorrStandard::putIfAbsent(morr::StoredValue value, std::string_view forKey) {
+    const Turn turn(mutex_);
+    return store().claim(forKey, std::move(value));
+}
+
 void MorrStandard::remove(std::string_view key) {
     const Turn turn(mutex_);
     store().change(key, std::nullopt);

@@ -39,6 +39,10 @@ public:
     /// On the disk when the call returns. A file that holds an equal value is not written.
     void put(morr::StoredValue value, std::string_view forKey);
 
+    /// Puts the value unless there is one of its type, and yields what is there then: of all processes that do so at
+    /// once the first one puts, and all get the same.
+    morr::StoredValue putIfAbsent(morr::StoredValue value, std::string_view forKey);
+
     /// On the disk when the call returns; nothing happens when there is no such key.
     void remove(std::string_view key);
 

@@ -129,6 +129,16 @@ void Store::change(std::string_view key, std::optional<StoredValue> value) {
     if (kept_.empty()) trouble_.reset();
 }
 
+/// What the file does not take is kept like any other change.
+StoredValue Store::claim(std::string_view key, StoredValue value) {
+    std::optional<StoredValue> there = get(key);
+    if (there && there->index() == value.index()) return *std::move(there);
+    const bool isFree = kept_.find(key) == kept_.end() && isOnFile() && !database_->isReadOnly();
+    if (isFree && onFile([&] { return database_->claim(key, value, there); })) return *std::move(there);
+    change(key, value);
+    return value;
+}
+
 /// Nothing is written where the file holds the value as it is, whoever put it there.
 Outcome Store::writeNow(std::string_view key, const std::optional<StoredValue>& value) {
     std::optional<StoredValue> present;

@@ -24,6 +24,8 @@ public:
     StoredValues all();
     /// An absent value removes the key.
     void change(std::string_view key, std::optional<StoredValue> value);
+    /// What is there in the end.
+    StoredValue claim(std::string_view key, StoredValue value);
     const Status& status() const { return trouble_ ? *trouble_ : state_; }
 
 private:

@@ -80,6 +80,31 @@ TEST(MorrStandard, HasNothingUnderAnUnknownOrRemovedKey) {
     EXPECT_EQ(textIn(folder.file("s.db"), "k"), "(none)");
 }
 
+TEST(MorrStandard, PutsAValueWhereThereIsNone) {
+    const TemporaryFolder folder;
+    MorrStandard store({.path = folder.file("s.db")});
+    EXPECT_EQ(store.putIfAbsent("first", "k"), StoredValue("first"));
+    EXPECT_EQ(store.putIfAbsent("second", "k"), StoredValue("first"));
+    EXPECT_EQ(textIn(folder.file("s.db"), "k"), "first");
+    EXPECT_EQ(store.status(), (Status{Kind::open, ""}));
+}
+
+TEST(MorrStandard, PutsAValueWhereThereIsOneOfAnotherType) {
+    const TemporaryFolder folder;
+    MorrStandard store({.path = folder.file("s.db")});
+    store.put(7, "k");
+    EXPECT_EQ(store.putIfAbsent("text", "k"), StoredValue("text"));
+    EXPECT_EQ(textIn(folder.file("s.db"), "k"), "text");
+}
+
+TEST(MorrStandard, PutsAValueWhereThereIsNoneInMemoryToo) {
+    MorrStandard store({});
+    EXPECT_EQ(store.putIfAbsent("first", "k"), StoredValue("first"));
+    EXPECT_EQ(store.putIfAbsent("second", "k"), StoredValue("first"));
+    store.remove("k");
+    EXPECT_EQ(store.putIfAbsent("third", "k"), StoredValue("third"));
+}
+
 TEST(MorrStandard, YieldsAllValuesAtOnce) {
     const TemporaryFolder folder;
     MorrStandard store({.path = folder.file("s.db")});

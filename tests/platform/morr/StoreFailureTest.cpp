@@ -51,6 +51,21 @@ TEST(StoreFailure, EndsWithTheNextPutThatSucceeds) {
     EXPECT_EQ(textIn(path, "k"), "new");
 }
 
+TEST(StoreFailure, KeepsAValueThatWasPutWhereThereWasNone) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("s.db");
+    const std::string said = inChild([&] {
+        MorrStandard store({.path = path});
+        store.put("old", "other");
+        limitFiles(100000);
+        store.putIfAbsent(std::string(200000, 'n'), "k");
+        const std::string again = std::get<std::string>(store.putIfAbsent("late", "k"));
+        return kindName(store.status().kind) + " " + std::to_string(again.size());
+    });
+    EXPECT_EQ(said, kindName(Kind::writeFailed) + " 200000");
+    EXPECT_EQ(textIn(path, "k") + textIn(path, "other"), "(none)old");
+}
+
 TEST(StoreFailure, BringsWhatWasKeptBackToTheFileLater) {
     const TemporaryFolder folder;
     const std::string path = folder.file("s.db");
