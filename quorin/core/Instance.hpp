@@ -44,9 +44,9 @@ public:
     /// document itself where no brand is given, or it has no section of that brand.
     static DocumentMap config(const DocumentMap& json, std::optional<Brand> brand);
 
-    /// Each identity value is any bytes, of any length and with NUL or none of UTF-8 among them, and comes back as it went
-    /// in, after a restart too; an empty one is not absent. One that no header can carry (CR, LF, NUL) makes the request
-    /// that bears it fail with `SkellError::Kind::invalidRequest`, and nothing is sent.
+    /// Each identity value is any bytes, of any length and with NUL or none of UTF-8 among them, and comes back as it
+    /// went in, after a restart too; an empty one is not absent. One that no header can carry (CR, LF, NUL) makes the
+    /// request that bears it fail with `SkellError::Kind::invalidRequest`, and nothing is sent.
     ///
     /// The account identifier. An assignment is stored before it returns (but for the one case that
     /// `rx::Variable::assign` names); absent removes it from the store.

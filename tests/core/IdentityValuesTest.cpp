@@ -6,7 +6,6 @@
 #include "tests/context/Testbed.hpp"
 #include "tests/support/FaultServer.hpp"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -14,7 +13,6 @@
 namespace quorin {
 namespace {
 
-using testing::ElementsAre;
 using Instance = ConfigurationManager::Instance;
 
 /// Nothing, much, and what other layers cut off, take apart or repair.
@@ -24,7 +22,7 @@ const std::vector<std::string>& difficultTexts() {
         std::string(1 << 20, 'm'),
         std::string("before\0after\0", 13),
         R"(it's "quoted" \ `so`; DROP TABLE entries; --)",
-        "\xf0\x9f\x8e\xac e\xcc\x81 \xe2\x80\xae",
+        "\xf0\x9f\x8e\xac e\xcc\x81 \xe2\x80\xa8",
         "\xff\xfe \xc3( \xed\xa0\x80",
         "line\r\nline\t\x1b[0m ",
         "null",
