@@ -1,17 +1,21 @@
 # One object library for each floor, lowest first, and the one library that hosts link to, static and shared.
 # The test "floors" keeps includes from running upward.
-set(quorin_floors platform table services model context core)
+set(quorin_floors platform table services model context core services/requests)
 set(quorin_platform_libraries PkgConfig::simdjson PkgConfig::curl PkgConfig::sqlite3 PkgConfig::uuid PkgConfig::crypto
                               PkgConfig::zlib PkgConfig::brotli PkgConfig::psl PkgConfig::uriparser PkgConfig::pugixml
                               Threads::Threads)
 
 foreach(floor IN LISTS quorin_floors)
+    string(REPLACE / _ name quorin_${floor})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/quorin/${floor}/*.cpp)
-    add_library(quorin_${floor} OBJECT ${sources})
-    target_include_directories(quorin_${floor} PUBLIC ${PROJECT_SOURCE_DIR})
-    target_link_libraries(quorin_${floor} PRIVATE quorin_warnings)
-    set_target_properties(quorin_${floor} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-    list(APPEND quorin_objects $<TARGET_OBJECTS:quorin_${floor}>)
+    if(floor STREQUAL services)
+        list(FILTER sources EXCLUDE REGEX /services/requests/) # a floor of its own, further up
+    endif()
+    add_library(${name} OBJECT ${sources})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE quorin_warnings)
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    list(APPEND quorin_objects $<TARGET_OBJECTS:${name}>)
 endforeach()
 target_link_libraries(quorin_platform PRIVATE ${quorin_platform_libraries})
 

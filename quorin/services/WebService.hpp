@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quorin/platform/rx/Just.hpp"
 #include "quorin/platform/skell/HTTPMethod.hpp"
 #include "quorin/services/ContentType.hpp"
 #include "quorin/services/WebServiceHeaders.hpp"
@@ -10,6 +11,8 @@
 #include <string_view>
 
 namespace quorin {
+
+class APIParams;
 
 /// One endpoint that the app may call.
 ///
@@ -39,7 +42,19 @@ struct WebService {
     /// "Content-Type", and "Accept" when the service has one.
     StringMap headers() const;
 
+    /// A stream that fails at once where the call must not be made: with an `Oops` record, `configNotInitialized` while
+    /// the shared manager has no configuration, else `invalidParams` where the parameters are not valid. Absent: go on
+    /// and build the request.
+    template <class T>
+    std::optional<rx::Observable<T>> configurationGuard(const APIParams& params) const {
+        const auto refusal = refusalOf(params);
+        return refusal ? std::optional(rx::error<T>(*refusal)) : std::nullopt;
+    }
+
     static const KeyTable& keyTable();
+
+private:
+    static std::optional<rx::Error> refusalOf(const APIParams& params);  // on the floor that knows the manager
 };
 
 }  // namespace quorin

@@ -2,19 +2,12 @@
 
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/rx/Map.hpp"
-#include "quorin/platform/skell/SkellError.hpp"
 
 #include <string>
 #include <utility>
 
 namespace quorin::skell {
 namespace {
-
-SkellError badStatus(const Response& response) {
-    auto error = failure(SkellError::Kind::status, response.url(), "status " + std::to_string(response.status()));
-    error.status = response.status();
-    return error;
-}
 
 SkellError notJSON(const Response& response, const json::ParseError& error) {
     return failure(SkellError::Kind::decoding, response.url(),
@@ -25,7 +18,7 @@ SkellError notJSON(const Response& response, const json::ParseError& error) {
 /// The body as what `shaped` makes of its value, if it makes anything.
 template <class T>
 rx::Result<T> decoded(const Response& response, std::optional<T> (json::Value::*shaped)() const, const char* shape) {
-    if (response.status() < 200 || response.status() > 299) return badStatus(response);
+    if (auto refused = statusFailure(response)) return *std::move(refused);
     const std::string& body = response.body();
     const json::ParseResult parsed = json::parse(body, body.capacity() - body.size());
     if (!parsed) return notJSON(response, *parsed.error());
@@ -34,6 +27,13 @@ rx::Result<T> decoded(const Response& response, std::optional<T> (json::Value::*
 }
 
 }  // namespace
+
+std::optional<SkellError> statusFailure(const Response& response) {
+    if (response.status() >= 200 && response.status() <= 299) return std::nullopt;
+    auto error = failure(SkellError::Kind::status, response.url(), "status " + std::to_string(response.status()));
+    error.status = response.status();
+    return error;
+}
 
 rx::Result<json::DocumentMap> jsonObject(const Response& response) {
     return decoded<json::DocumentMap>(response, &json::Value::asObject, "object");

@@ -5,8 +5,14 @@
 #include "quorin/platform/rx/Observable.hpp"
 #include "quorin/platform/rx/Result.hpp"
 #include "quorin/platform/skell/Response.hpp"
+#include "quorin/platform/skell/SkellError.hpp"
+
+#include <optional>
 
 namespace quorin::skell {
+
+/// The failure of kind `status` that a response outside 200-299 is; empty for one within.
+std::optional<SkellError> statusFailure(const Response& response);
 
 /// The JSON object that is the response's body. Fails with a `SkellError` of kind `status` outside 200-299, else of
 /// kind `decoding` when the body is no JSON object; the message then has line and column where it is no JSON at all.

@@ -9,9 +9,13 @@
 namespace quorin::skell {
 namespace {
 
+Hop hopOf(const Request& request) {
+    return {request.method, request.url, request.headers, request.body ? request.body->sharedText() : nullptr};
+}
+
 rx::Disposable send(const Request& request, rx::Observer<Response> observer) {
     Loop& loop = Loop::shared();
-    Hop first{request.method, request.url, request.headers, request.body ? request.body->sharedText() : nullptr};
+    Hop first = hopOf(request);
     Transport transport = request.transport ? *request.transport : Transport::standard();
     const auto exchange = std::make_shared<Exchange>(loop, std::move(first), std::move(transport), std::move(observer));
     if (const auto kind = loop.post([exchange] { exchange->begin(); })) {
@@ -28,6 +32,8 @@ rx::Disposable send(const Request& request, rx::Observer<Response> observer) {
 }  // namespace
 
 Request Request::make(HTTPMethod method, std::string url) { return {.method = method, .url = std::move(url)}; }
+
+std::optional<SkellError> Request::refusal() const { return skell::refusal(hopOf(*this)); }
 
 rx::Observable<Response> Request::response() const {
     return rx::Observable<Response>(

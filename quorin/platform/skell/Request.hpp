@@ -42,6 +42,9 @@ struct Request {
     static Request TRACE(std::string url) { return make(HTTPMethod::TRACE, std::move(url)); }
     static Request GET(std::string url) { return make(HTTPMethod::GET, std::move(url)); }
 
+    /// Why it cannot be sent, of kind `invalidURL` or `invalidRequest`; empty when it can. Sending fails with the same.
+    std::optional<SkellError> refusal() const;
+
     /// The one response, of whatever status, or a `SkellError`. Each subscription sends a request of its own; disposing
     /// it abandons the transfer and closes its connection.
     ///
