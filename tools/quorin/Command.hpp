@@ -26,6 +26,9 @@ void addBrand(CLI::App& program, Action& chosen);
 void addIdentity(CLI::App& program, Action& chosen);
 void addCookie(CLI::App& program, Action& chosen);
 void addHeaders(CLI::App& program, Action& chosen);
+void addRequest(CLI::App& program, Action& chosen);
+void addEncode(CLI::App& program, Action& chosen);
+void addAppend(CLI::App& program, Action& chosen);
 void addUserAgent(CLI::App& program, Action& chosen);
 void addCompletion(CLI::App& program, Action& chosen);
 

@@ -7,7 +7,7 @@ void addLoad(CLI::App& program, Action& chosen) {
     CLI::App& load = command(program, "load", "Load a configuration and print its archived form",
                              "quorin load https://config.example.com/v1.json --brand orvel");
     const auto source = std::make_shared<Source>();
-    source->addTo(load, true, true);
+    source->addTo(load, "SOURCE", true).required();
     load.callback([source, &chosen] {
         chosen = [source](Session& session) -> Outcome {
             const auto loaded = source->load(session);

@@ -11,12 +11,6 @@
 namespace quorin::tool {
 namespace {
 
-std::vector<std::string> typeNames() {
-    std::vector<std::string> names;
-    for (const ModelType& type : ModelType::all()) names.emplace_back(type.name);
-    return names;
-}
-
 std::string whyNothingWasRead(const ReadReport& report) {
     const auto ends = [](const Finding& finding) { return finding.cost == Cost::nothingRead; };
     const auto found = std::find_if(report.findings.begin(), report.findings.end(), ends);
@@ -28,7 +22,7 @@ std::string whyNothingWasRead(const ReadReport& report) {
 }  // namespace
 
 void ModelArguments::addTo(CLI::App& command) {
-    command.add_option("TYPE", type, "The model type")->required()->check(oneOf(typeNames()));
+    command.add_option("TYPE", type, "The model type")->required()->check(oneOf(ModelType::names()));
     command.add_option("--form", form, "The form of the object: server (the default) or archived")
         ->type_name("FORM")
         ->check(oneOf({"server", "archived"}));
@@ -38,8 +32,8 @@ ReadArguments ModelArguments::readArguments() const {
     return {form == "archived" ? table::Form::archive : table::Form::document, name};
 }
 
-std::variant<std::unique_ptr<AnyModel>, Failure> readModel(const ModelArguments& arguments, const std::string& file) {
-    const std::string what = "cannot read " + arguments.type + " from " + calledFile(file) + ": ";
+std::variant<json::DocumentMap, Failure> objectIn(const std::string& file, const std::string& called) {
+    const std::string what = "cannot read " + called + " from " + calledFile(file) + ": ";
     const auto read = foundation::readFile(pathOf(file), json::parsePadding);
     if (!read) return Failure::own("file", what + read.failure.message() + "; name a file that can be read");
     const auto parsed = json::parse(read.bytes, read.bytes.capacity() - read.bytes.size());
@@ -47,14 +41,20 @@ std::variant<std::unique_ptr<AnyModel>, Failure> readModel(const ModelArguments&
         return Failure::own("notRead", what + "not JSON at line " + std::to_string(broken->position.line) + ", column "
                                            + std::to_string(broken->position.column) + ": " + broken->message
                                            + "; mend it there");
-    const auto object = parsed.value()->asObject();
-    if (!object)
-        return Failure::own("notRead", what + "it holds a JSON " + std::string(nameOf(parsed.value()->kind()))
-                                           + " where an object must be");
+    if (auto object = parsed.value()->asObject()) return *std::move(object);
+    return Failure::own("notRead", what + "it holds a JSON " + std::string(nameOf(parsed.value()->kind()))
+                                       + " where an object must be");
+}
+
+std::variant<std::unique_ptr<AnyModel>, Failure> readModel(const ModelArguments& arguments, const std::string& file) {
+    auto object = objectIn(file, arguments.type);
+    if (auto* failure = std::get_if<Failure>(&object)) return std::move(*failure);
     ReadReport report;
-    auto model = ModelType::find(arguments.type)->read(*object, arguments.readArguments(), report);
-    if (!model) return Failure::own("notRead", what + whyNothingWasRead(report));
-    return model;
+    auto model =
+        ModelType::find(arguments.type)->read(std::get<json::DocumentMap>(object), arguments.readArguments(), report);
+    if (model) return model;
+    return Failure::own(
+        "notRead", "cannot read " + arguments.type + " from " + calledFile(file) + ": " + whyNothingWasRead(report));
 }
 
 }  // namespace quorin::tool

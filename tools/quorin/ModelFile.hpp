@@ -19,6 +19,9 @@ struct ModelArguments {
     ReadArguments readArguments() const;
 };
 
+/// The JSON object that a file holds, or why it holds none; `called` says what it is read as.
+std::variant<json::DocumentMap, Failure> objectIn(const std::string& file, const std::string& called);
+
 /// Reads the model that a file holds, or says why it cannot.
 std::variant<std::unique_ptr<AnyModel>, Failure> readModel(const ModelArguments& arguments, const std::string& file);
 

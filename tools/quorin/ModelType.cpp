@@ -1,6 +1,8 @@
 #include "ModelType.hpp"
 
 #include "quorin/core/ConfigurationManager.hpp"
+#include "quorin/platform/rx/Wait.hpp"
+#include "quorin/services/requests/Models.hpp"
 
 #include <algorithm>
 
@@ -32,12 +34,27 @@ std::optional<Model> read(const DocumentMap& map, const ReadArguments& arguments
 }
 
 template <class Model>
+rx::Result<json::Value> decode(const rx::Observable<skell::Response>& responses, bool isList) {
+    std::vector<json::Value> encoded;
+    if (isList) {
+        const auto made = rx::wait(models<Model>(responses));
+        if (!made) return made.error();
+        for (const Model& one : *made) encoded.emplace_back(one.encode());
+        return json::Value(json::List(encoded));
+    }
+    const auto made = rx::wait(model<Model>(responses));
+    if (!made) return made.error();
+    return json::Value(made->encode());
+}
+
+template <class Model>
 ModelType row() {
     return {Model::keyTable().name, Named<Model>,
             [](const DocumentMap& map, const ReadArguments& arguments, ReadReport& report) {
                 auto model = read<Model>(map, arguments, report);
                 return std::unique_ptr<AnyModel>(model ? new Holder<Model>(*std::move(model)) : nullptr);
-            }};
+            },
+            decode<Model>};
 }
 
 }  // namespace
@@ -51,6 +68,12 @@ const std::vector<ModelType>& ModelType::all() {
         row<WebService>(),    row<AnonymousBind>(),
     };
     return types;
+}
+
+std::vector<std::string> ModelType::names() {
+    std::vector<std::string> names;
+    for (const ModelType& type : all()) names.emplace_back(type.name);
+    return names;
 }
 
 const ModelType* ModelType::find(std::string_view name) {

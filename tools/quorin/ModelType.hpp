@@ -1,5 +1,8 @@
 #pragma once
 
+#include "quorin/platform/rx/Observable.hpp"
+#include "quorin/platform/rx/Result.hpp"
+#include "quorin/platform/skell/Response.hpp"
 #include "quorin/table/Section.hpp"
 
 #include <memory>
@@ -31,7 +34,11 @@ struct ModelType {
     bool named;  ///< whether its server reader takes a member name
     std::unique_ptr<AnyModel> (*read)(const DocumentMap& map, const ReadArguments& arguments, ReadReport& report);
 
+    /// What a response holds of this type, or all that a list holds, in the archived form; waits for it.
+    rx::Result<json::Value> (*decode)(const rx::Observable<skell::Response>& responses, bool isList);
+
     static const std::vector<ModelType>& all();
+    static std::vector<std::string> names();
     static const ModelType* find(std::string_view name);
 };
 

@@ -114,7 +114,7 @@ void addShow(CLI::App& program, Action& chosen) {
     CLI::App& made = command(program, "show", "Load a configuration and show it, and what was not taken",
                              "quorin show config.json --brand orvel");
     const auto source = std::make_shared<Source>();
-    source->addTo(made, true, true);
+    source->addTo(made, "SOURCE", true).required();
     made.callback([source, &chosen] {
         chosen = [source](Session& session) -> Outcome {
             const auto report = std::make_shared<ReadReport>();

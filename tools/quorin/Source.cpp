@@ -59,22 +59,28 @@ std::string whatIsWrong(const std::string& path, const rx::Error& error) {
 
 }  // namespace
 
-void Source::addTo(CLI::App& command, bool required, bool withDevice) {
+CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool withDevice) {
     const auto isUTF8URL = [](const std::string& given) {
         return isURL(given) && !json::isUTF8(given) ? std::string("is not UTF-8 text") : std::string();
     };
-    command.add_option("SOURCE", name, "An http or https URL, or the path of a file; - is standard input")
-        ->required(required)
-        ->check(CLI::Validator(isUTF8URL, ""));
-    optionalText(command, "--brand", brand, "The brand, in any accepted spelling").type_name("TEXT")->check(text());
+    CLI::Option& source =
+        *command.add_option(argument, name, "An http or https URL, or the path of a file; - is standard input");
+    source.type_name("SOURCE")->check(CLI::Validator(isUTF8URL, ""));
+    optionalText(command, "--brand", brand, "The brand, in any accepted spelling")
+        .type_name("TEXT")
+        ->check(text())
+        ->needs(&source);
     if (withDevice)
         optionalText(command, "--device", device, "The device identifier (one of this machine by default)")
             .type_name("ID")
-            ->check(text());
+            ->check(text())
+            ->needs(&source);
     command.add_option("--version", version, "The configuration's version")
         ->type_name("V")
         ->check(text())
-        ->capture_default_str();
+        ->capture_default_str()
+        ->needs(&source);
+    return source;
 }
 
 std::variant<ConfigurationPointer, Failure> Source::load(Session& session, std::shared_ptr<ReadReport> report) const {

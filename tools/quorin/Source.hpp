@@ -21,8 +21,8 @@ struct Source {
     std::optional<std::string> device{};
     std::string version = "1.0.0";
 
-    /// Adds the arguments; `withDevice` adds `--device` too.
-    void addTo(CLI::App& command, bool required, bool withDevice);
+    /// Adds the arguments, the source itself under `argument`; `withDevice` adds `--device` too.
+    CLI::Option& addTo(CLI::App& command, const std::string& argument, bool withDevice);
 
     /// Loads it into the session's manager; what was not taken goes to `report`, if one is given.
     std::variant<ConfigurationPointer, Failure> load(Session& session, std::shared_ptr<ReadReport> report = {}) const;

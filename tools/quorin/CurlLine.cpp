@@ -1,0 +1,63 @@
+#include "CurlLine.hpp"
+
+#include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/skell/ContentDecoder.hpp"
+
+#include <algorithm>
+#include <string_view>
+
+namespace quorin::tool {
+namespace {
+
+std::string shellQuoted(std::string_view text) {
+    std::string safe = "'";
+    for (const char c : text) {
+        if (c == '\'')
+            safe += "'\\''";
+        else
+            safe += c;
+    }
+    return safe + "'";
+}
+
+std::string headerOf(std::string_view name, std::string_view value) {
+    constexpr std::string_view blanks = " \t";
+    const auto begin = std::min(value.find_first_not_of(blanks), value.size());
+    value = value.substr(begin, value.find_last_not_of(blanks) + 1 - begin);
+    const std::string line(name);
+    return " -H " + shellQuoted(value.empty() ? line + ";" : line + ": " + std::string(value));
+}
+
+bool has(const Skell& request, std::string_view name) {
+    return std::any_of(request.headers.begin(), request.headers.end(),
+                       [&](const auto& header) { return rawvalues::sameFolded(header.first, name); });
+}
+
+/// Methods that the library sends with a body, if only an empty one.
+bool hasContent(const Skell& request) {
+    return request.body || request.method == HTTPMethod::POST || request.method == HTTPMethod::PUT
+           || request.method == HTTPMethod::PATCH;
+}
+
+/// curl sends a HEAD with a body only when it takes the method for any word.
+std::string methodOf(const Skell& request) {
+    if (request.method == HTTPMethod::HEAD && !request.body) return " --head";
+    return " -X " + std::string(request.method.rawValue());
+}
+
+}  // namespace
+
+std::string curlLine(const Skell& request) {
+    std::string line = "curl -q --globoff" + methodOf(request);
+    for (const auto& [name, value] : request.headers) line += headerOf(name, value);
+    if (!has(request, "Accept-Encoding")) line += headerOf("Accept-Encoding", skell::ContentDecoder::offered);
+    for (const std::string_view own : {"User-Agent", "Accept", "Content-Type", "Expect"}) {
+        const bool isOfContent = own == "Content-Type" || own == "Expect";
+        if ((!isOfContent || hasContent(request)) && !has(request, own))
+            line += " -H " + shellQuoted(std::string(own) + ":");
+    }
+    if (hasContent(request)) line += " --data-raw " + shellQuoted(request.body ? request.body->text() : "");
+    return line + " " + shellQuoted(request.url);
+}
+
+}  // namespace quorin::tool

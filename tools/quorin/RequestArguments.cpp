@@ -1,0 +1,127 @@
+#include "RequestArguments.hpp"
+
+#include "quorin/platform/foundation/RawValues.hpp"
+
+#include "ModelFile.hpp"
+#include "Nearest.hpp"
+#include "Pairs.hpp"
+
+#include <utility>
+
+namespace quorin::tool {
+namespace {
+
+std::optional<StringMap> unlessEmpty(const std::vector<std::string>& pairs) {
+    return pairs.empty() ? std::nullopt : std::optional(mapOf(pairs));
+}
+
+/// The arguments as a host's parameters.
+class GivenParams final : public APIParams {
+public:
+    GivenParams(const RequestArguments& given, std::optional<DocumentMap> content)
+        : given_(given), content_(std::move(content)) {}
+
+    std::optional<StringMap> headers() const override { return unlessEmpty(given_.headers); }
+    std::optional<DocumentMap> dictionaryRepresentation() const override { return content_; }
+    bool hasValidParams() const override { return true; }
+    std::optional<StringMap> URLMapping() const override { return unlessEmpty(given_.map); }
+    std::optional<StringMap> queryParameters() const override { return unlessEmpty(given_.query); }
+    bool removeUserAgent() const override { return given_.removeUserAgent; }
+
+private:
+    const RequestArguments& given_;
+    std::optional<DocumentMap> content_;
+};
+
+std::variant<WebService, Failure> serviceNamed(const std::string& name, const Configuration& configuration) {
+    const auto& services = configuration.webServices;
+    if (services) {
+        if (const auto found = services->find(name); found != services->end()) return found->second;
+    }
+    std::vector<std::string_view> names;
+    if (services) {
+        for (const auto& [known, service] : *services) names.push_back(known);
+    }
+    const std::string near = nearest(name, names);
+    return Failure::own("noService", "the configuration has no service \"" + name + "\"; "
+                                         + (near.empty() ? "it has none at all" : "names near it: " + near));
+}
+
+void warnOf(const Skell& request, bool wantsBody, Output& output) {
+    const auto brace = request.url.find('{');
+    if (brace != request.url.npos && request.url.find('}', brace) != request.url.npos)
+        output.warn("the URL has a placeholder left; fill it with --map");
+    for (auto one = request.headers.begin(); one != request.headers.end(); ++one) {
+        for (auto other = std::next(one); other != request.headers.end(); ++other) {
+            if (rawvalues::sameFolded(one->first, other->first))
+                output.warn("the header \"" + one->first + "\" is there in two letter cases, and both are sent");
+        }
+    }
+    if (wantsBody && !request.body)
+        output.warn(
+            "the body is not sent: the header \"Content-Type\" asks for "
+            "JSON or XML, or for a form with POST,"
+            " to send one");
+}
+
+}  // namespace
+
+void RequestArguments::addTo(CLI::App& command) {
+    optionalText(command, "SERVICE", service, "The endpoint's name in the configuration").check(text());
+    source.addTo(command, "--from", true);
+    optionalText(command, "--url", url, "The URL, in place of an endpoint").type_name("URL")->check(text());
+    command.add_option("--method", method, "The method for --url, in any letter case (GET)")
+        ->type_name("METHOD")
+        ->check(CLI::Validator(
+            [](const std::string& given) {
+                return HTTPMethod::matching(given) ? std::string() : std::string("must be an HTTP method");
+            },
+            ""));
+    pairOption(command, "--map", map, "A text of the URL and what to put in its place");
+    pairOption(command, "--query", query, "A pair of the query");
+    pairOption(command, "--header", headers, "A header").type_name("NAME=VALUE");
+    optionalText(command, "--body", body, "The file with the body's content, a JSON object; - is standard input")
+        .type_name("FILE");
+    flag(command, "--remove-user-agent", removeUserAgent, "Send no User-Agent");
+}
+
+void RequestArguments::check(const CLI::App& command) const {
+    const bool hasSource = command.count("--from") > 0;
+    if (service.has_value() == url.has_value())
+        throw CLI::ValidationError("SERVICE", "or --url is needed, and not both");
+    if (service.has_value() != hasSource)
+        throw CLI::ValidationError("--from", "goes with SERVICE, and SERVICE with it");
+    if (service && command.count("--method") > 0)
+        throw CLI::ValidationError("--method", "goes with --url; a service has a method of its own");
+}
+
+std::variant<Skell, Failure> RequestArguments::build(Session& session) const {
+    std::optional<DocumentMap> content;
+    if (body) {
+        auto read = objectIn(*body, "the body");
+        if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
+        content = std::get<DocumentMap>(read);
+    }
+    WebService called{.url = url.value_or(""), .method = *HTTPMethod::matching(method)};
+    GivenParams params(*this, content);
+    if (service) {
+        const auto loaded = source.load(session);
+        if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
+        auto found = serviceNamed(*service, *std::get<ConfigurationPointer>(loaded));
+        if (auto* failure = std::get_if<Failure>(&found)) return std::move(*failure);
+        called = std::get<WebService>(std::move(found));
+    }
+    Skell request = service ? Skell::build(params, called, session.manager())
+                            : Skell::build({.requestURL = *url,
+                                            .requestMethod = called.method,
+                                            .requestHeaders = mapOf(headers),
+                                            .urlMapping = params.URLMapping(),
+                                            .queryParameters = params.queryParameters(),
+                                            .dictionaryRepresentation = content,
+                                            .removeUserAgent = removeUserAgent},
+                                           session.manager());
+    warnOf(request, body.has_value(), session.output);
+    return request;
+}
+
+}  // namespace quorin::tool
