@@ -5,7 +5,8 @@
 #include "quorin/platform/skell/Json.hpp"
 #include "quorin/table/Archivable.hpp"
 
-#include <string_view>
+#include <cstddef>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -14,9 +15,8 @@ namespace quorin {
 /// What a stream ends with whose JSON object makes no model.
 Oops modelFailedToInitialize();
 
-/// The model that the JSON object of each response makes, on the delivering
-/// thread. Ends with the failures of `skell::json`, or with an `Oops` record
-/// when the object makes none.
+/// The model that the JSON object of each response makes, on the delivering thread. Ends with the failures of
+/// `skell::json`, or with an `Oops` record when the object makes none.
 template <Serializable Model>
 rx::Observable<Model> model(rx::Observable<skell::Response> responses) {
     return rx::map(skell::json(std::move(responses)), [](const DocumentMap& json) -> rx::Result<Model> {
@@ -25,9 +25,8 @@ rx::Observable<Model> model(rx::Observable<skell::Response> responses) {
     });
 }
 
-/// The models that the JSON array of each response makes, in its order, on the
-/// delivering thread; what makes none is passed over. Ends with the failures of
-/// `skell::jsonArray` alone.
+/// The models that the JSON array of each response makes, in its order, on the delivering thread; what makes none is
+/// passed over. Ends with the failures of `skell::jsonArray` alone.
 template <Serializable Model>
 rx::Observable<std::vector<Model>> models(rx::Observable<skell::Response> responses) {
     return rx::map(skell::jsonArray(std::move(responses)), [](const List& list) {

@@ -6,12 +6,12 @@
 #include "quorin/services/WebServiceHeaders.hpp"
 #include "quorin/services/requests/URLEncode.hpp"
 
+#include <optional>
 #include <string_view>
 
 namespace quorin {
 namespace {
 
-using skell::RequestBody;
 using skell::RequestBodyType;
 
 /// `over` laid over `headers`: of two values of one name its own counts.
@@ -26,36 +26,26 @@ void replaceAll(std::string& text, std::string_view key, std::string_view value)
         text.replace(at, key.size(), value);
 }
 
-std::string urlOf(const BuildArguments& arguments) {
-    std::string url = arguments.requestURL;
-    if (arguments.urlMapping) {
-        for (const auto& [key, value] : *arguments.urlMapping) replaceAll(url, key, value);
-    }
-    if (const auto query = ConfigurationManagerUtils::urlEncode(arguments.queryParameters))
-        foundation::append(url, *query);
-    return url;
+void fill(std::string& url, const std::optional<StringMap>& mapping) {
+    if (!mapping) return;
+    for (const auto& [key, value] : *mapping) replaceAll(url, key, value);
 }
 
-StringMap headersOf(const BuildArguments& arguments, const Skell::Instance& manager) {
-    StringMap headers = merged(arguments.requestHeaders, manager.defaultHeaders());
-    if (arguments.removeUserAgent) {
-        std::erase_if(headers,
-                      [](const auto& header) { return rawvalues::sameFolded(header.first, HeaderKeys::userAgent); });
-    }
-    return headers;
+void addQuery(std::string& url, const std::optional<StringMap>& parameters) {
+    if (const auto query = ConfigurationManagerUtils::urlEncode(parameters)) foundation::append(url, *query);
+}
+
+void dropUserAgent(StringMap& headers) {
+    std::erase_if(headers,
+                  [](const auto& header) { return rawvalues::sameFolded(header.first, HeaderKeys::userAgent); });
 }
 
 std::optional<RequestBodyType> bodyTypeOf(const StringMap& headers, HTTPMethod method) {
     const auto header = headers.find(WebServiceHeaders::contentType);
     const auto type = header == headers.end() ? std::nullopt : ContentType::fromRawValue(header->second);
-    if (!type) return std::nullopt;
-    switch (*type) {
-        case ContentType::JSON: return RequestBodyType::JSON;
-        case ContentType::XML: return RequestBodyType::XML;
-        case ContentType::urlEncoded:
-            return method == HTTPMethod::POST ? std::optional<RequestBodyType>(RequestBodyType::urlEncoded)
-                                              : std::nullopt;
-    }
+    if (type == ContentType::JSON) return RequestBodyType::JSON;
+    if (type == ContentType::XML) return RequestBodyType::XML;
+    if (type == ContentType::urlEncoded && method == HTTPMethod::POST) return RequestBodyType::urlEncoded;
     return std::nullopt;
 }
 
@@ -72,12 +62,17 @@ Skell Skell::build(const APIParams& params, const WebService& service, const Ins
                  manager);
 }
 
-Skell Skell::build(const BuildArguments& arguments, const Instance& manager) {
-    Skell request = createSkell(arguments.requestMethod, urlOf(arguments));
-    request.headers = headersOf(arguments, manager);
-    const auto type = bodyTypeOf(request.headers, arguments.requestMethod);
-    if (type && arguments.dictionaryRepresentation)
-        request.body = RequestBody(*type, *arguments.dictionaryRepresentation);
+Skell Skell::build(BuildArguments arguments, const Instance& manager) {
+    Skell request = createSkell(arguments.requestMethod, std::move(arguments.requestURL));
+    fill(request.url, arguments.urlMapping);
+    addQuery(request.url, arguments.queryParameters);
+
+    request.headers = merged(std::move(arguments.requestHeaders), manager.defaultHeaders());
+    if (arguments.removeUserAgent) dropUserAgent(request.headers);
+
+    const auto type = bodyTypeOf(request.headers, request.method);
+    if (type && arguments.dictionaryRepresentation) request.body.emplace(*type, *arguments.dictionaryRepresentation);
+
     request.transport = manager.platform().transport;
     return request;
 }
