@@ -20,10 +20,16 @@ StringMap merged(StringMap headers, StringMap over) {
     return over;
 }
 
+/// Puts `value` wherever `key` stands in `text`, and does not look again through what it put there.
 void replaceAll(std::string& text, std::string_view key, std::string_view value) {
     if (key.empty()) return;
-    for (auto at = text.find(key); at != text.npos; at = text.find(key, at + value.size()))
-        text.replace(at, key.size(), value);
+    std::string replaced;
+    std::size_t rest = 0;
+    for (auto at = text.find(key); at != text.npos; at = text.find(key, rest)) {
+        replaced.append(text, rest, at - rest).append(value);
+        rest = at + key.size();
+    }
+    if (rest > 0) text = std::move(replaced.append(text, rest));
 }
 
 void fill(std::string& url, const std::optional<StringMap>& mapping) {
