@@ -39,6 +39,7 @@ class Completion(ProgramTest):
         self.assertEqual(self.completed("load", "--br"), ["--brand"])
         self.assertEqual(self.completed("identity", "bind", "--par"), ["--parent"])
         self.assertEqual(self.completed("identity", "set", "kova", "--stor"), ["--store"])
+        self.assertEqual(self.completed("request", "--cu"), ["--curl"])
 
     def test_other_scripts_name_all_commands(self):
         for shell in ("zsh", "fish"):

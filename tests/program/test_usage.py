@@ -18,7 +18,7 @@ class WrongArguments(ProgramTest):
             self.assertIn(command, run.last_line)
 
     def test_unknown_commands_are_refused(self):
-        for words in (["foo"], ["watch"], ["cookie", "foo"], ["request", "x"], ["encode", "a=b"], ["append", "a", "b"],
+        for words in (["foo"], ["watch"], ["cookie", "foo"], ["Request", "x"], ["encodes", "a=b"],
                       ["identity", "foo"], ["Load", "x"], ["help"], [""], ["-"]):
             with self.subTest(words=words):
                 self.own_failure(2, "usage", *words)
@@ -41,7 +41,8 @@ class WrongArguments(ProgramTest):
                       ["read", "Ads", "a", "b"], ["equal", "Ads", "a", "b", "c"], ["user-agent", "a", "b"],
                       ["headers", "a", "b"], ["completion", "bash", "zsh"], ["identity", "unset", "kova", "x"],
                       ["identity", "new-parent", "x"], ["identity", "bind", "x"], ["load", "x", "--brand"],
-                      ["load", "x", "--store"], ["load", "x", "show"]):
+                      ["load", "x", "--store"], ["load", "x", "show"], ["append"], ["append", "/"],
+                      ["append", "/", "a", "b"], ["request"], ["request", "--url"]):
             with self.subTest(words=words):
                 self.own_failure(2, "usage", *words)
 

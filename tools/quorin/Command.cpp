@@ -51,8 +51,9 @@ CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<
 
 CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
                    const std::string& meaning) {
-    // Without extra arguments, because the parser takes "[a,b]" apart where they are allowed; so it must wait for many.
-    constexpr int many = 1 << 24;
+    // Without extra arguments, because the parser takes "[a,b]" apart where they are allowed; so it must wait for many,
+    // and for so many that its help says "...".
+    constexpr int many = CLI::detail::expected_max_vector_size;
     CLI::Option& option = *app.add_option(name, target, meaning);
     option.expected(many, many)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     return *option.allow_extra_args(false)->type_name("TEXT");

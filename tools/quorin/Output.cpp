@@ -50,7 +50,7 @@ void Output::record(const json::Value& value) {
 
 void Output::print(const json::Value& value, json::Layout as) { printSafely(json::print(value, as) + "\n"); }
 
-void Output::command(const std::string& text) { printSafely(text + "\n"); }
+void Output::result(const std::string& text) { printSafely(text + "\n"); }
 
 /// A terminal gets no control characters.
 void Output::printSafely(const std::string& result) { text(isatty(STDOUT_FILENO) ? escaped(result, "\n") : result); }

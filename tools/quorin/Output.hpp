@@ -30,8 +30,8 @@ public:
     /// `text` and a newline, without control characters.
     void line(std::string_view text);
 
-    /// A command line and a newline, byte for byte but on a terminal.
-    void command(const std::string& text);
+    /// The text of a result and a newline, byte for byte but on a terminal.
+    void result(const std::string& text);
 
     void warn(std::string_view message);
 

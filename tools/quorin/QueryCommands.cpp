@@ -15,7 +15,7 @@ void addEncode(CLI::App& program, Action& chosen) {
         chosen = [given](Session& session) -> Outcome {
             const auto query = ConfigurationManagerUtils::urlEncode(mapOf(*given));
             if (!query) return Failure::own("noValue", "there is no pair in UTF-8 to encode; give one: KEY=VALUE");
-            session.output.line(*query);
+            session.output.result(*query);
             return {};
         };
     });
@@ -32,7 +32,7 @@ void addAppend(CLI::App& program, Action& chosen) {
         chosen = [=](Session& session) -> Outcome {
             std::string appended = *url;
             foundation::append(appended, *param);
-            session.output.line(appended);
+            session.output.result(appended);
             return {};
         };
     });

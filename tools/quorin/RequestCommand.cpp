@@ -31,7 +31,7 @@ Outcome printRequest(Session& session, const Skell& request) {
 
 Outcome printCurlLine(Session& session, const Skell& request) {
     if (const auto refused = request.refusal()) return Failure::of(*refused, "the request cannot be sent");
-    session.output.command(curlLine(request));
+    session.output.result(curlLine(request));
     return {};
 }
 
