@@ -4,20 +4,72 @@ import http.server
 import json
 import socket
 import threading
+from typing import NamedTuple
+
+METHODS = ["CONNECT", "DELETE", "HEAD", "OPTIONS", "PATCH", "POST", "PUT", "TRACE", "GET"]
+
+
+class Message(NamedTuple):
+    """A request as it came in: the lines of its head without their ends, and what followed them."""
+
+    head: list
+    body: bytes
+
+    @property
+    def method(self):
+        return self.head[0].split(b" ")[0].decode()
+
+    @property
+    def target(self):
+        return self.head[0].split(b" ")[1].decode()
+
+    @property
+    def headers(self):
+        """Pairs of name and value in their order."""
+        pairs = (line.decode().partition(":") for line in self.head[1:])
+        return [(name, value.removeprefix(" ")) for name, _, value in pairs]
+
+    @property
+    def names(self):
+        return [name for name, _ in self.headers]
+
+
+class Lines:
+    """A stream that keeps the lines read from it."""
+
+    def __init__(self, stream):
+        self.stream = stream
+        self.kept = []
+
+    def readline(self, *limit):
+        line = self.stream.readline(*limit)
+        self.kept.append(line.rstrip(b"\r\n"))
+        return line
+
+    def __getattr__(self, name):
+        return getattr(self.stream, name)
 
 
 class Server:
-    """`answers` maps a path to (status, headers, body); "/silent" never answers while the server runs. With a
-    `context` it speaks TLS."""
+    """`answers` maps a path to (status, headers, body), headers to a text or a list of texts; "/silent" never answers
+    while the server runs. With a `context` it speaks TLS. `messages` are the requests, of whatever method, as they came
+    in."""
 
     def __init__(self, answers, context=None):
         self.answers = answers
         self.requests = []
+        self.messages = []
         self.ended = threading.Event()
         owner = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
+            def setup(self):
+                super().setup()
+                self.rfile = Lines(self.rfile)
+
+            def answer(self):
+                body = self.rfile.read(int(self.headers.get("Content-Length", 0)))
+                owner.messages.append(Message([line for line in self.rfile.kept if line], body))
                 path = self.path.split("?")[0]
                 owner.requests.append((self.path, dict(self.headers)))
                 if path == "/silent":
@@ -25,15 +77,19 @@ class Server:
                     return
                 status, headers, body = owner.answers[path]
                 self.send_response(status)
-                for name, value in headers.items():
-                    self.send_header(name, value)
+                for name, values in headers.items():
+                    for value in [values] if isinstance(values, str) else values:
+                        self.send_header(name, value)
                 self.send_header("Content-Length", str(len(body)))
                 self.end_headers()
-                self.wfile.write(body)
+                if self.command != "HEAD":
+                    self.wfile.write(body)
 
             def log_message(self, *_):
                 pass
 
+        for method in METHODS:
+            setattr(Handler, f"do_{method}", Handler.answer)
         self.http = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
         self.http.daemon_threads = True
         self.scheme = "https" if context else "http"

@@ -5,6 +5,7 @@ import pty
 import subprocess
 
 from program import GUARD, ProgramTest
+from server import Server, answer
 
 
 class CanonicalJSON(ProgramTest):
@@ -51,7 +52,8 @@ class CanonicalJSON(ProgramTest):
 
 class ClosedOutputs(ProgramTest):
     WORDS = (["brand"], ["brand", "--json"], ["--version"], ["--help"], ["load", "--help"], ["completion", "bash"],
-             ["identity"], ["user-agent"], ["identity", "new-parent"])
+             ["identity"], ["user-agent"], ["identity", "new-parent"], ["encode", "a=b"], ["append", "/", "a"],
+             ["request", "--url", "http://h"], ["request", "--url", "http://h", "--curl"])
 
     def to(self, output, *words):
         with self.start(*words, stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.PIPE) as process:
@@ -132,6 +134,28 @@ class Terminal(ProgramTest):
             self.assertIn("\\u001b[31m", text)
             self.assertIn("\\u009b2J", text)
             self.assertIn("\\u007f", text)
+
+    def test_responses_bring_no_control_characters(self):
+        nasty = self.NASTY.replace("\x00", "").replace("\r", "")
+        answers = {"/p": answer(self.NASTY.encode(), **{"X": nasty.encode().decode("latin-1")}),
+                   "/e": answer(nasty.encode(), 404), "/j": answer({"name": nasty, "url": {"value": nasty}})}
+        with Server(answers) as server:
+            for words in (["/p"], ["/e"], ["/p", "--compact"], ["/j", "--as", "Feature"]):
+                text = self.on_terminal("request", "--send", "--url", server.url(words[0]), *words[1:])
+                self.assert_clean(text)
+                self.assertIn("\\u001b[31m", text)
+
+    def test_what_is_built_brings_no_control_characters(self):
+        nasty, c1 = self.NASTY.replace("\x00", ""), "X=\x9b2J\x85"
+        for words in (["append", "/", nasty], ["append", nasty, ""],
+                      ["request", "--url", nasty], ["request", "--url", "http://h", "--header", nasty + "=" + nasty],
+                      ["request", "--url", "http://h", "--curl", "--header", c1],
+                      ["request", "--url", "http://h", "--header", "A" + nasty + "=", "--header", "a" + nasty + "="],
+                      ["request", nasty, "--from", self.document()]):
+            text = self.on_terminal(*words)
+            self.assert_clean(text)
+            self.assertIn("\\u009b2J", text)
+        self.assert_clean(self.on_terminal("encode", "a=" + nasty))
 
     def test_shown_text_is_clean_everywhere(self):
         self.assert_clean(self.done("show", self.document()).output)

@@ -1,11 +1,14 @@
 #include "RequestArguments.hpp"
 
 #include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/foundation/URL.hpp"
 
+#include "Joined.hpp"
 #include "ModelFile.hpp"
 #include "Nearest.hpp"
 #include "Pairs.hpp"
 
+#include <iterator>
 #include <utility>
 
 namespace quorin::tool {
@@ -43,25 +46,38 @@ std::variant<WebService, Failure> serviceNamed(const std::string& name, const Co
         for (const auto& [known, service] : *services) names.push_back(known);
     }
     const std::string near = nearest(name, names);
-    return Failure::own("noService", "the configuration has no service \"" + name + "\"; "
+    return Failure::own("noService", "the configuration has no service \"" + calledArgument(name) + "\"; "
                                          + (near.empty() ? "it has none at all" : "names near it: " + near));
 }
 
-void warnOf(const Skell& request, bool wantsBody, Output& output) {
-    const auto brace = request.url.find('{');
-    if (brace != request.url.npos && request.url.find('}', brace) != request.url.npos)
+std::string methodFault(const std::string& given) {
+    return HTTPMethod::matching(given) ? "" : "must be one of " + joined(HTTPMethod::rawValues, ", ");
+}
+
+bool hasPlaceholder(std::string_view url) {
+    const auto brace = url.find('{');
+    return brace != url.npos && url.find('}', brace) != url.npos;
+}
+
+void warnOfURL(const Skell& request, bool wantsQuery, Output& output) {
+    if (hasPlaceholder(request.url))
         output.warn("the URL has a placeholder left; fill it with --map");
+    else if (wantsQuery && !foundation::URL::parse(request.url))
+        output.warn("the query is not appended to a text that is no URL; correct the URL");
+}
+
+void warnOfHeaders(const Skell& request, Output& output) {
     for (auto one = request.headers.begin(); one != request.headers.end(); ++one) {
         for (auto other = std::next(one); other != request.headers.end(); ++other) {
             if (rawvalues::sameFolded(one->first, other->first))
                 output.warn("the header \"" + one->first + "\" is there in two letter cases, and both are sent");
         }
     }
+}
+
+void warnOfBody(const Skell& request, bool wantsBody, Output& output) {
     if (wantsBody && !request.body)
-        output.warn(
-            "the body is not sent: the header \"Content-Type\" asks for "
-            "JSON or XML, or for a form with POST,"
-            " to send one");
+        output.warn("the body is not sent; give the header \"Content-Type\" of JSON or XML, or of a form with POST");
 }
 
 }  // namespace
@@ -72,11 +88,7 @@ void RequestArguments::addTo(CLI::App& command) {
     optionalText(command, "--url", url, "The URL, in place of an endpoint").type_name("URL")->check(text());
     command.add_option("--method", method, "The method for --url, in any letter case (GET)")
         ->type_name("METHOD")
-        ->check(CLI::Validator(
-            [](const std::string& given) {
-                return HTTPMethod::matching(given) ? std::string() : std::string("must be an HTTP method");
-            },
-            ""));
+        ->check(CLI::Validator(methodFault, ""));
     pairOption(command, "--map", map, "A text of the URL and what to put in its place");
     pairOption(command, "--query", query, "A pair of the query");
     pairOption(command, "--header", headers, "A header").type_name("NAME=VALUE");
@@ -100,28 +112,36 @@ std::variant<Skell, Failure> RequestArguments::build(Session& session) const {
     if (body) {
         auto read = objectIn(*body, "the body");
         if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
-        content = std::get<DocumentMap>(read);
+        content = std::get<DocumentMap>(std::move(read));
     }
-    WebService called{.url = url.value_or(""), .method = *HTTPMethod::matching(method)};
-    GivenParams params(*this, content);
-    if (service) {
-        const auto loaded = source.load(session);
-        if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
-        auto found = serviceNamed(*service, *std::get<ConfigurationPointer>(loaded));
-        if (auto* failure = std::get_if<Failure>(&found)) return std::move(*failure);
-        called = std::get<WebService>(std::move(found));
+    auto built = service ? buildForService(session, content) : buildForURL(session, content);
+    if (const auto* request = std::get_if<Skell>(&built)) {
+        warnOfURL(*request, !query.empty(), session.output);
+        warnOfHeaders(*request, session.output);
+        warnOfBody(*request, body.has_value(), session.output);
     }
-    Skell request = service ? Skell::build(params, called, session.manager())
-                            : Skell::build({.requestURL = *url,
-                                            .requestMethod = called.method,
-                                            .requestHeaders = mapOf(headers),
-                                            .urlMapping = params.URLMapping(),
-                                            .queryParameters = params.queryParameters(),
-                                            .dictionaryRepresentation = content,
-                                            .removeUserAgent = removeUserAgent},
-                                           session.manager());
-    warnOf(request, body.has_value(), session.output);
-    return request;
+    return built;
+}
+
+std::variant<Skell, Failure> RequestArguments::buildForService(Session& session,
+                                                               const std::optional<DocumentMap>& content) const {
+    const auto loaded = source.load(session);
+    if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
+    auto found = serviceNamed(*service, *std::get<ConfigurationPointer>(loaded));
+    if (auto* failure = std::get_if<Failure>(&found)) return std::move(*failure);
+    return Skell::build(GivenParams(*this, content), std::get<WebService>(found), session.manager());
+}
+
+std::variant<Skell, Failure> RequestArguments::buildForURL(Session& session,
+                                                           const std::optional<DocumentMap>& content) const {
+    return Skell::build({.requestURL = *url,
+                         .requestMethod = *HTTPMethod::matching(method),
+                         .requestHeaders = mapOf(headers),
+                         .urlMapping = unlessEmpty(map),
+                         .queryParameters = unlessEmpty(query),
+                         .dictionaryRepresentation = content,
+                         .removeUserAgent = removeUserAgent},
+                        session.manager());
 }
 
 }  // namespace quorin::tool

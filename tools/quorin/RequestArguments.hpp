@@ -26,12 +26,15 @@ struct RequestArguments {
 
     void addTo(CLI::App& command);
 
-    /// Throws a usage error where the arguments do not fit together. `command`
-    /// has parsed them.
+    /// Throws a usage error where the arguments do not fit together. `command` has parsed them.
     void check(const CLI::App& command) const;
 
     /// The request that they describe; tells of what was probably not meant.
     std::variant<Skell, Failure> build(Session& session) const;
+
+private:
+    std::variant<Skell, Failure> buildForService(Session& session, const std::optional<DocumentMap>& content) const;
+    std::variant<Skell, Failure> buildForURL(Session& session, const std::optional<DocumentMap>& content) const;
 };
 
 }  // namespace quorin::tool

@@ -29,8 +29,16 @@ Outcome printRequest(Session& session, const Skell& request) {
     return {};
 }
 
+/// Linux takes no longer argument of a command, and a shell then says only that the list of them is too long.
+void warnOfLength(const Skell& request, Output& output) {
+    constexpr std::size_t longest = 128 * 1024;
+    if (request.body && request.body->text().size() >= longest)
+        output.warn("the body is too long for an argument of a command; use --send");
+}
+
 Outcome printCurlLine(Session& session, const Skell& request) {
     if (const auto refused = request.refusal()) return Failure::of(*refused, "the request cannot be sent");
+    warnOfLength(request, session.output);
     session.output.result(curlLine(request));
     return {};
 }

@@ -40,7 +40,7 @@ Outcome printResponse(Session& session, const skell::Response& response) {
 Outcome send(Session& session, const Skell& request, const Decoding& decoding) {
     if (decoding.type) {
         const auto decoded = ModelType::find(*decoding.type)->decode(request.response(), decoding.isList);
-        if (!decoded) return Failure::of(decoded.error(), "cannot get a " + *decoding.type);
+        if (!decoded) return Failure::of(decoded.error(), "cannot get " + *decoding.type + " from the response");
         session.output.json(*decoded);
         return {};
     }

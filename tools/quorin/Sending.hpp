@@ -9,8 +9,7 @@
 
 namespace quorin::tool {
 
-/// What to make of a response: its bytes as they are, or the values of a model
-/// type.
+/// What to make of a response: its bytes as they are, or the values of a model type.
 struct Decoding {
     std::optional<std::string> type{};
     bool isList = false;

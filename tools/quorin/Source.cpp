@@ -100,9 +100,10 @@ std::variant<ConfigurationPointer, Failure> Source::load(Session& session, std::
 
 std::string pathOf(const std::string& name) { return name == "-" ? standardInputPath() : name; }
 
-std::string calledFile(const std::string& name) {
-    if (name == "-") return "standard input";
+std::string calledArgument(const std::string& name) {
     return name.find(":/") == name.npos ? name : skell::redacted(name);
 }
+
+std::string calledFile(const std::string& name) { return name == "-" ? "standard input" : calledArgument(name); }
 
 }  // namespace quorin::tool

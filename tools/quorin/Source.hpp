@@ -31,7 +31,10 @@ struct Source {
 /// The path at which a file named on the command line is read.
 std::string pathOf(const std::string& name);
 
-/// How a file is called in a message. A URL that was meant, of another scheme, keeps its secrets.
+/// How an argument that names something is called in a message. A URL that was meant keeps its secrets.
+std::string calledArgument(const std::string& name);
+
+/// How a file is called in a message.
 std::string calledFile(const std::string& name);
 
 }  // namespace quorin::tool
