@@ -114,6 +114,14 @@ class SameMessages(TestWithServer):
         self.done("identity", "set", "VEXOMVPD", "")
         self.assertLessEqual({("KOVA", "it's $HOME"), ("VEXO-MVPD", "")}, set(self.same().headers))
 
+    def test_the_account_cookie(self):
+        self.done("cookie", "sync", "--url", self.server.url("/"), given="KOVA=x")
+        self.done("identity", "set", "kova", "it's $HOME")
+        sent = self.same("--header", "Date=before", "--header", "A=first")
+        self.assertIn(("Cookie", "KOVA=it's $HOME"), sent.headers)
+        own = [pair for pair in self.same("--header", "cookie=own").headers if pair[0].lower() == "cookie"]
+        self.assertEqual(own, [("cookie", "own")])
+
     def test_targets(self):
         for target in ("/p?", "/p?a=b&c=%20'$HOME'&d=$(id)", "/p#fragment", "/p?a#b?c", "/p?x=;*!()~,@:", "/p?x=[1-3]"):
             with self.subTest(target=target):

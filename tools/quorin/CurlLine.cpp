@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace quorin::tool {
 namespace {
@@ -33,6 +34,15 @@ bool has(const Skell& request, std::string_view name) {
                        [&](const auto& header) { return rawvalues::sameFolded(header.first, name); });
 }
 
+/// The request's own, and the cookies that are sent with them.
+StringMap headersOf(const Skell& request) {
+    StringMap headers = request.headers;
+    const auto transport = request.transport ? *request.transport : skell::Transport::standard();
+    if (!transport.cookies || has(request, "Cookie")) return headers;
+    if (auto held = transport.cookies->cookieHeader(request.url); !held.empty()) headers["Cookie"] = std::move(held);
+    return headers;
+}
+
 /// Methods that the library sends with a body, if only an empty one.
 bool hasContent(const Skell& request) {
     return request.body || request.method == HTTPMethod::POST || request.method == HTTPMethod::PUT
@@ -49,7 +59,7 @@ std::string methodOf(const Skell& request) {
 
 std::string curlLine(const Skell& request) {
     std::string line = "curl -q --globoff" + methodOf(request);
-    for (const auto& [name, value] : request.headers) line += headerOf(name, value);
+    for (const auto& [name, value] : headersOf(request)) line += headerOf(name, value);
     if (!has(request, "Accept-Encoding")) line += headerOf("Accept-Encoding", skell::ContentDecoder::offered);
     for (const std::string_view own : {"User-Agent", "Accept", "Content-Type", "Expect"}) {
         const bool isOfContent = own == "Content-Type" || own == "Expect";
