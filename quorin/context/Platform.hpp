@@ -16,7 +16,7 @@ namespace quorin {
 /// `standard()`.
 struct Platform {
     std::shared_ptr<MorrStandard> store{};  ///< where identity values are kept between launches
-    skell::Transport transport{};           ///< how configurations are fetched
+    skell::Transport transport{};           ///< how requests travel, and where cookies are
     foundation::Bundle bundle{};            ///< what the app says about itself
     foundation::Device device{};
     std::function<std::string()> locale{};  ///< identifier of the user's locale: "en_US"

@@ -21,7 +21,10 @@ using support::Child;
 constexpr int allSteps = 1000;
 
 /// What a step assigns: no two alike, and every tenth long enough to fill the journal, which is then carried over.
-std::string textOf(int step) { return std::to_string(step) + std::string(step % 10 == 0 ? 60000 : step % 50, '.'); }
+std::string textOf(int step) {
+    const auto few = static_cast<std::size_t>(step % 50);
+    return std::to_string(step) + std::string(step % 10 == 0 ? 60000U : few, '.');
+}
 
 /// The steps assign the account, the child and the token by turns.
 void take(Instance& manager, int step) {

@@ -27,6 +27,10 @@ fs::path binary() {
 void write(const fs::path& file, std::string_view text) { std::ofstream(file, std::ios::binary) << text; }
 
 std::string tlsServer(const std::string& name, int port, const std::string& down) {
+    if (name == "outdated")
+        return "server { listen 127.0.0.1:" + std::to_string(port)
+               + " ssl; ssl_certificate good.pem; ssl_certificate_key good.key; ssl_protocols TLSv1.1; ssl_ciphers"
+                 " DEFAULT:@SECLEVEL=0; }\n";
     return "server { listen 127.0.0.1:" + std::to_string(port) + " ssl http2; ssl_certificate " + name
            + ".pem; ssl_certificate_key " + name
            + ".key; add_header X-Protocol $server_protocol always; location = /down { return 302 " + down + "; } }\n";
@@ -38,7 +42,7 @@ Nginx::Nginx() {
     std::string folder = fs::temp_directory_path() / "quorin-nginx-XXXXXX";
     if (!mkdtemp(folder.data())) std::abort();
     folder_ = folder;
-    for (const char* host : {"plain", "good", "expired", "selfsigned", "wronghost"}) {
+    for (const char* host : {"plain", "good", "expired", "selfsigned", "wronghost", "outdated"}) {
         listeners_[host] = listenOnFreePort();
     }
     writeFiles();
@@ -84,6 +88,7 @@ http {
     server {
         listen 127.0.0.1:)";
     text += std::to_string(listeners_.at("plain").port) + R"(;
+        add_header X-Connection $connection always;
         location = /moved { return 301 /object.json; }
         location = /circle { return 302 /circle; }
         location = /failing { default_type application/json; return 500 '{"reason": "broken"}'; }

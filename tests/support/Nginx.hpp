@@ -15,7 +15,8 @@ namespace quorin::support {
 ///
 /// On the host "plain", without TLS: /object.json, /list.json, /large.json (gzip), /missing (404), /failing (500 with a
 /// JSON object), /moved (301 to /object.json), /circle (302 to itself). On the hosts "good" (HTTP/2), "expired",
-/// "selfsigned" and "wronghost", with the certificates of these names: /object.json, and /down (302 to "plain").
+/// "selfsigned" and "wronghost", with the certificates of these names, and "outdated" in TLS 1.1: /object.json, and
+/// /down (302 to "plain").
 class Nginx {
 public:
     /// Ends the program, and says how to get an nginx, when there is none.
