@@ -15,6 +15,10 @@ namespace quorin {
 
 /// The state of a running app: the current configuration, in memory only, and the identity values. An app uses the one
 /// that `ConfigurationManager::sharedInstance()` yields; tests make their own. All of it may be used from any thread.
+///
+/// Each identity value is any bytes, of any length and with NUL or none of UTF-8 among them, and comes back as it went
+/// in, after a restart too; an empty one is not absent. One that no header can carry (a control character but the tab)
+/// makes the request that bears it fail with `SkellError::Kind::invalidRequest`, and nothing is sent.
 class ConfigurationManager::Instance {
 public:
     using ConfigurationPointer = std::shared_ptr<const Configuration>;
@@ -44,10 +48,6 @@ public:
     /// document itself where no brand is given, or it has no section of that brand.
     static DocumentMap config(const DocumentMap& json, std::optional<Brand> brand);
 
-    /// Each identity value is any bytes, of any length and with NUL or none of UTF-8 among them, and comes back as it
-    /// went in, after a restart too; an empty one is not absent. One that no header can carry (CR, LF, NUL) makes the
-    /// request that bears it fail with `SkellError::Kind::invalidRequest`, and nothing is sent.
-    ///
     /// The account identifier. An assignment is stored before it returns (but for the one case that
     /// `rx::Variable::assign` names); absent removes it from the store.
     OptionalText kova() const { return identity_.kova(); }

@@ -23,8 +23,11 @@ class Run:
     def __init__(self, status, output, errors):
         self.status = status
         self.output_bytes = output
-        self.output = output.decode("utf-8", "strict")
         self.errors = errors.decode("utf-8", "strict")
+
+    @property
+    def output(self):
+        return self.output_bytes.decode("utf-8", "strict")
 
     @property
     def json(self):

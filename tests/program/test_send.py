@@ -204,7 +204,7 @@ class Failures(ProgramTest):
                     words = ["--url", server.url("/p?query", "user:pw@"), "--header", name + "=" + value]
                     record = self.failure(*words)
                     self.assertEqual(record["kind"], "invalidRequest")
-                    self.assertIn('"' + name[:1].replace("É", "?"), record["message"])
+                    self.assertIn("header name" if name[:1] in ("", "É") else '"' + name[:1], record["message"])
                     self.assertEqual(self.record(1, "request", "--curl", *words), record)
             self.assertEqual(server.messages, [])
 

@@ -18,7 +18,7 @@ class WrongArguments(ProgramTest):
             self.assertIn(command, run.last_line)
 
     def test_unknown_commands_are_refused(self):
-        for words in (["foo"], ["watch"], ["cookie", "foo"], ["Request", "x"], ["encodes", "a=b"],
+        for words in (["foo"], ["watch"], ["cookie", "foo"], ["cookie"], ["Request", "x"], ["encodes", "a=b"],
                       ["identity", "foo"], ["Load", "x"], ["help"], [""], ["-"]):
             with self.subTest(words=words):
                 self.own_failure(2, "usage", *words)

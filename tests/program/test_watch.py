@@ -1,9 +1,10 @@
 """`identity watch`: assignments in, events of the observers out."""
 
 import json
+import os
 import subprocess
 
-from program import ProgramTest
+from program import GUARD, ProgramTest
 
 
 def event(name, value):
@@ -83,3 +84,16 @@ class Watch(ProgramTest):
         self.done("cookie", "sync", "--url", "https://example.com/", given="KOVA=first")
         self.watched("kova second\n")
         self.assertEqual(self.done("cookie", "show").json["value"], "second")
+
+    def test_input_that_cannot_be_read(self):
+        folder = os.open(self.folder, os.O_RDONLY)
+        process = self.start("identity", "watch", stdin=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        os.close(folder)
+        _, errors = process.communicate(timeout=GUARD)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"cannot read standard input", errors)
+
+    def test_a_store_that_takes_nothing(self):
+        run = self.quorin("identity", "watch", "--store", str(self.folder), given="kova abcdef\n")
+        self.assertEqual((run.status, run.output), (0, event("kova", "abcd…")))
+        self.assertRegex(run.errors, "^quorin: warning: [^\n]*store")

@@ -93,8 +93,9 @@ bool wantsJSONErrors(const std::vector<std::string>& words) {
 std::string usageMessage(const CLI::ParseError& error, const CLI::App& program) {
     const auto is = [&](CLI::ExitCodes code) { return error.get_exit_code() == static_cast<int>(code); };
     const bool isMissing = is(CLI::ExitCodes::RequiredError);
-    const bool lacksCommand = isMissing && program.get_subcommands().empty();
-    if (lacksCommand && program.remaining().empty()) return "give a command: " + namesOf(commandsOf(program));
+    const auto commands = commandsOf(given(program));
+    const bool lacksCommand = isMissing && !commands.empty();
+    if (lacksCommand && program.remaining(true).empty()) return "give a command: " + namesOf(commands);
     if (lacksCommand || is(CLI::ExitCodes::ExtrasError)) return whatIsUnexpected(program);
     std::string words = error.what();
     if (isMissing || is(CLI::ExitCodes::RequiresError)) return words + "; give it";

@@ -1,12 +1,12 @@
 #include "quorin/platform/foundation/File.hpp"
 #include "quorin/platform/foundation/HTTPCookieStorage.hpp"
 #include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/foundation/Trimmed.hpp"
 #include "quorin/platform/foundation/URL.hpp"
 
 #include "Command.hpp"
 #include "Source.hpp"
 
-#include <array>
 #include <variant>
 
 namespace quorin::tool {
@@ -23,8 +23,7 @@ struct Arguments {
 };
 
 json::Value sameSiteOf(const HTTPCookie& cookie) {
-    static constexpr std::array<std::string_view, 3> names{"None", "Lax", "Strict"};
-    return cookie.sameSite ? json::Value(names[static_cast<std::size_t>(*cookie.sameSite)]) : json::Value();
+    return cookie.sameSite ? json::Value(HTTPCookie::nameOf(*cookie.sameSite)) : json::Value();
 }
 
 json::Value expiryOf(const HTTPCookie& cookie) {
@@ -44,6 +43,7 @@ Outcome none(const std::string& message) { return Failure::own("noValue", messag
 /// The value of a line that may be a whole header line.
 std::string_view valueIn(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
+    line = foundation::trimmed(line);
     const auto colon = line.find(':');
     const bool isHeader = colon != line.npos && rawvalues::sameFolded(line.substr(0, colon), setCookie);
     return isHeader ? line.substr(colon + 1) : line;
@@ -72,7 +72,7 @@ Outcome parse(Session& session, const Arguments& arguments) {
     if (arguments.target) {
         const std::string header = storage.cookieHeader(*arguments.target);
         if (header.empty()) return none("none of these cookies would be sent to that URL");
-        session.output.line(header);
+        session.output.result(header);
         return {};
     }
     std::vector<json::Value> held;
@@ -85,9 +85,10 @@ Outcome sync(Session& session, const Arguments& arguments) {
     const auto response = responseOf(arguments);
     if (const auto* failure = std::get_if<Failure>(&response)) return *failure;
     const auto cookie = ConfigurationManager::Instance::kovaCookie(std::get<skell::Response>(response));
-    if (!cookie || cookie->value.empty())
+    const bool hasExpired = cookie && cookie->expires && *cookie->expires <= HTTPCookie::currentTime();
+    if (!cookie || cookie->value.empty() || hasExpired)
         return none("no account cookie is set there; it is named " + std::string(CookieKeys::kova)
-                    + " and has a value");
+                    + ", has a value and lasts");
     session.manager().sync(cookie);
     if (auto failure = session.storeFailure()) return failure;
     session.output.json(valueOf(*cookie));
@@ -96,11 +97,15 @@ Outcome sync(Session& session, const Arguments& arguments) {
 
 Outcome show(Session& session) {
     auto& manager = session.manager();
+    if (!manager.kova())
+        return none("there is no account identifier to make a cookie of; set one: quorin identity set kova VALUE");
+    if (!manager.configDomain())
+        return none("there is no domain to make a cookie for; keep one: quorin cookie sync --url URL");
     const auto cookie = manager.createCookie(manager.kova());
     if (!cookie)
         return none(
-            "the identity makes no account cookie; it needs an account identifier (quorin identity set kova) and"
-            " a domain (quorin cookie sync)");
+            "the account identifier has a control character or more than 4096 bytes, or the domain is no host;"
+            " set another: quorin identity set kova VALUE, or quorin cookie sync --url URL");
     session.output.json(valueOf(*cookie));
     return {};
 }

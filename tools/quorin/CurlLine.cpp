@@ -1,7 +1,9 @@
 #include "CurlLine.hpp"
 
 #include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/foundation/Trimmed.hpp"
 #include "quorin/platform/skell/ContentDecoder.hpp"
+#include "quorin/platform/skell/Hop.hpp"
 
 #include <algorithm>
 #include <string_view>
@@ -22,9 +24,7 @@ std::string shellQuoted(std::string_view text) {
 }
 
 std::string headerOf(std::string_view name, std::string_view value) {
-    constexpr std::string_view blanks = " \t";
-    const auto begin = std::min(value.find_first_not_of(blanks), value.size());
-    value = value.substr(begin, value.find_last_not_of(blanks) + 1 - begin);
+    value = foundation::trimmed(value);
     const std::string line(name);
     return " -H " + shellQuoted(value.empty() ? line + ";" : line + ": " + std::string(value));
 }
@@ -44,10 +44,7 @@ StringMap headersOf(const Skell& request) {
 }
 
 /// Methods that the library sends with a body, if only an empty one.
-bool hasContent(const Skell& request) {
-    return request.body || request.method == HTTPMethod::POST || request.method == HTTPMethod::PUT
-           || request.method == HTTPMethod::PATCH;
-}
+bool hasContent(const Skell& request) { return request.body || skell::announcesBody(request.method); }
 
 /// curl sends a HEAD with a body only when it takes the method for any word.
 std::string methodOf(const Skell& request) {

@@ -37,8 +37,10 @@ struct ModelType {
     /// What a response holds of this type, or all that a list holds, in the archived form; waits for it.
     rx::Result<json::Value> (*decode)(const rx::Observable<skell::Response>& responses, bool isList);
 
+    /// In the order in which the usage lists them.
     static const std::vector<ModelType>& all();
     static std::vector<std::string> names();
+    /// Null when no type has the name.
     static const ModelType* find(std::string_view name);
 };
 

@@ -1,5 +1,7 @@
 #include "Pairs.hpp"
 
+#include "quorin/platform/foundation/Trimmed.hpp"
+
 namespace quorin::tool {
 
 const CLI::Validator& pair() {
@@ -19,8 +21,10 @@ StringMap mapOf(const std::vector<std::string>& pairs) {
     return map;
 }
 
-json::DocumentMap documentOf(const StringMap& texts) {
-    return json::DocumentMap(std::vector<json::DocumentMap::Member>(texts.begin(), texts.end()));
+json::DocumentMap documentOf(const StringMap& headers) {
+    std::vector<json::DocumentMap::Member> members;
+    for (const auto& [name, value] : headers) members.emplace_back(name, foundation::trimmed(value));
+    return json::DocumentMap(members);
 }
 
 CLI::Option& pairOption(CLI::App& app, const std::string& name, std::vector<std::string>& target,

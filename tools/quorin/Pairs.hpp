@@ -15,8 +15,8 @@ const CLI::Validator& pair();
 /// The pairs by their keys; of two equal keys the last counts.
 StringMap mapOf(const std::vector<std::string>& pairs);
 
-/// The texts as a JSON object.
-json::DocumentMap documentOf(const StringMap& texts);
+/// Headers as JSON, with their values as they are sent.
+json::DocumentMap documentOf(const StringMap& headers);
 
 /// An option that takes one pair, any number of times.
 CLI::Option& pairOption(CLI::App& app, const std::string& name, std::vector<std::string>& target,

@@ -2,13 +2,13 @@
 
 #include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/foundation/URL.hpp"
+#include "quorin/platform/skell/Hop.hpp"
 
 #include "Joined.hpp"
 #include "ModelFile.hpp"
 #include "Nearest.hpp"
 #include "Pairs.hpp"
 
-#include <iterator>
 #include <utility>
 
 namespace quorin::tool {
@@ -67,11 +67,12 @@ void warnOfURL(const Skell& request, bool wantsQuery, Output& output) {
 }
 
 void warnOfHeaders(const Skell& request, Output& output) {
-    for (auto one = request.headers.begin(); one != request.headers.end(); ++one) {
-        for (auto other = std::next(one); other != request.headers.end(); ++other) {
-            if (rawvalues::sameFolded(one->first, other->first))
-                output.warn("the header \"" + one->first + "\" is there in two letter cases, and both are sent");
-        }
+    MapOf<bool> isTold;
+    for (const auto& [name, value] : request.headers) {
+        const auto [known, isFirst] = isTold.try_emplace(rawvalues::lowered(name), false);
+        if (isFirst || std::exchange(known->second, true)) continue;
+        output.warn("the header \"" + std::string(skell::tellable(name))
+                    + "\" is there in several letter cases, and all are sent");
     }
 }
 

@@ -6,6 +6,7 @@
 #include "Joined.hpp"
 
 #include <array>
+#include <cstdio>
 #include <iostream>
 #include <string>
 
@@ -55,6 +56,7 @@ Outcome watch(Session& session, bool revealed) {
         if (!assign(session.manager(), line)) session.output.warn("line " + std::to_string(number) + passedOver());
     }
     for (auto& subscription : subscriptions) subscription.dispose();
+    if (std::ferror(stdin) != 0) return Failure::own("file", "cannot read standard input; give it lines of NAME VALUE");
     return {};
 }
 

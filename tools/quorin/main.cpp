@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -110,7 +111,12 @@ int main(int argc, const char* const* argv) {
     }
     if (forms.compact) session.output.layout = json::Layout::compact;
     session.output.errorForm = forms.errors == "json" ? ErrorForm::json : ErrorForm::text;
-    return run(session, chosen);
+    try {
+        return run(session, chosen);
+    } catch (const std::bad_alloc&) {
+        session.output.fail(Failure::own("noValue", "there is not enough memory; give less, or more memory"));
+        return 1;
+    }
 }
 
 /// A file opened later must not take the place of a standard stream that the caller closed.

@@ -7,6 +7,8 @@
 #include <libpsl.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace quorin::foundation {
@@ -15,12 +17,15 @@ namespace {
 using Time = HTTPCookie::Time;
 using std::chrono::seconds;
 
+/// That of an attribute is no longer either; the default path is as long as the URL.
+constexpr std::size_t longestPath = 1024;
+
 /// By the list within the library, and for names that it does not know by its default rule: a single label is public.
 bool isPublicSuffix(const std::string& domain) { return psl_is_public_suffix(psl_builtin(), domain.c_str()) != 0; }
 
-/// Section 5.2.2. Ages that lead beyond all time end with it.
+/// Section 5.2.2. Ages that lead beyond all time end with it; where there is none, all time is over.
 Time after(Time now, seconds age) {
-    if (age <= seconds::zero()) return Time::min();
+    if (age <= seconds::zero()) return Time();
     const auto passed = std::max(now.time_since_epoch(), seconds::zero());
     return age > seconds::max() - passed ? Time::max() : now + age;
 }
@@ -45,11 +50,16 @@ std::optional<HTTPCookie> cookieFrom(const SetCookie& set, const CookieOrigin& o
                       .isHTTPOnly = set.isHTTPOnly,
                       .sameSite = set.sameSite,
                       .expires = set.maxAge ? after(now, *set.maxAge) : set.expires};
-    if (!place(cookie, rawvalues::lowered(set.domain), origin)) return std::nullopt;
+    if (cookie.path.size() > longestPath || !place(cookie, rawvalues::lowered(set.domain), origin)) return std::nullopt;
     return cookie;
 }
 
 }  // namespace
+
+std::string_view HTTPCookie::nameOf(SameSite sameSite) {
+    static constexpr std::array<std::string_view, 3> names{"None", "Lax", "Strict"};
+    return names[static_cast<std::size_t>(sameSite)];
+}
 
 HTTPCookie::Time HTTPCookie::currentTime() { return std::chrono::floor<seconds>(std::chrono::system_clock::now()); }
 

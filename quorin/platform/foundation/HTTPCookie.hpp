@@ -30,12 +30,16 @@ struct HTTPCookie {
 
     /// The cookies that the `Set-Cookie` values of a response from `url` set, in order, by the rules of RFC 6265
     /// sections 5.2 and 5.3: one that the server may not set for its host, or for a public suffix, is left out. So is
-    /// one with a control character, or with more than 4096 bytes of name and value. Those that expire at once are
-    /// among them: they remove what is held. Empty when `url` has no host. Any thread.
+    /// one with a control character, or with more than 4096 bytes of name and value or 1024 of path. Those that expire
+    /// at once are among them: they remove what is held. Empty when `url` has no host. Any thread.
     static std::vector<HTTPCookie> cookiesWithResponseHeaderFields(std::span<const std::string_view> setCookies,
                                                                    std::string_view url, Time now = currentTime());
 
+    /// The system's time.
     static Time currentTime();
+
+    /// "None", "Lax" or "Strict".
+    static std::string_view nameOf(SameSite sameSite);
 };
 
 }  // namespace quorin::foundation

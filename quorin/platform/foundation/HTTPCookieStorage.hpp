@@ -23,6 +23,7 @@ public:
     /// The time by which cookies expire. Called on the thread that calls the storage, and never under its lock.
     using Clock = std::function<HTTPCookie::Time()>;
 
+    /// Empty. `clock` must not be an empty function.
     explicit HTTPCookieStorage(Clock clock = HTTPCookie::currentTime) : clock_(std::move(clock)) {}
 
     /// The one of the process, which requests use unless they are told otherwise. Never destroyed.

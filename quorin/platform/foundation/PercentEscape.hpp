@@ -22,6 +22,7 @@ public:
         std::array<char, 3> text{};
         unsigned char size = 1;
     };
+    /// The form of a byte.
     constexpr const Form& operator[](unsigned char byte) const { return forms_[byte]; }
 
 private:

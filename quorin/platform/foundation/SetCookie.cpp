@@ -2,6 +2,7 @@
 
 #include "quorin/platform/foundation/CookieDate.hpp"
 #include "quorin/platform/foundation/RawValues.hpp"
+#include "quorin/platform/foundation/Trimmed.hpp"
 
 #include <algorithm>
 #include <array>
@@ -23,25 +24,9 @@ struct Pair {
     std::string_view value{};
 };
 
-struct SameSiteRow {
-    std::string_view text;
-    SameSite sameSite;
-};
-
-constexpr std::array sameSites{SameSiteRow{"None", SameSite::none}, SameSiteRow{"Lax", SameSite::lax},
-                               SameSiteRow{"Strict", SameSite::strict}};
-
 bool isControlButTab(char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F'; }
 
 bool hasTab(std::string_view text) { return text.find('\t') != text.npos; }
-
-/// Without the blanks and tabs at both ends; other white space stays.
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    const auto begin = text.find_first_not_of(blanks);
-    if (begin == text.npos) return {};
-    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
-}
 
 /// Takes what stands before the next ";", and that with it.
 std::string_view takePart(std::string_view& text) {
@@ -68,9 +53,10 @@ std::optional<std::chrono::seconds> parseMaxAge(std::string_view text) {
 }
 
 std::optional<SameSite> parseSameSite(std::string_view text) {
-    const auto* const row =
-        std::ranges::find_if(sameSites, [&](const auto& each) { return rawvalues::sameFolded(each.text, text); });
-    return row == sameSites.end() ? std::nullopt : std::optional(row->sameSite);
+    for (const SameSite known : {SameSite::none, SameSite::lax, SameSite::strict}) {
+        if (rawvalues::sameFolded(HTTPCookie::nameOf(known), text)) return known;
+    }
+    return std::nullopt;
 }
 
 /// An attribute by its name in any letter case, and what it does. A later one takes the place of an earlier one.

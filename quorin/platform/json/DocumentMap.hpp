@@ -20,6 +20,7 @@ public:
     DocumentMap();
     /// Of two members of one name the last counts.
     DocumentMap(std::initializer_list<Member> members) : DocumentMap(std::span<const Member>(members)) {}
+    /// The same, of members that were collected.
     explicit DocumentMap(std::span<const Member> members);
 
     std::size_t size() const { return value_.node().size; }

@@ -24,12 +24,12 @@ bool isOneOf(std::string_view name, Names names) {
 }
 
 /// RFC 9110 section 5.6.2.
-bool isToken(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
-        return (c >= '0' && c <= '9') || (rawvalues::lower(c) >= 'a' && rawvalues::lower(c) <= 'z')
-               || std::string_view("!#$%&'*+-.^_`|~").find(c) != std::string_view::npos;
-    });
+bool isTokenCharacter(char c) {
+    return (c >= '0' && c <= '9') || (rawvalues::lower(c) >= 'a' && rawvalues::lower(c) <= 'z')
+           || std::string_view("!#$%&'*+-.^_`|~").find(c) != std::string_view::npos;
 }
+
+bool isToken(std::string_view text) { return !text.empty() && tellable(text) == text; }
 
 /// RFC 9110 section 5.5: no control character but the tab.
 bool isFieldValue(std::string_view text) {
@@ -39,10 +39,10 @@ bool isFieldValue(std::string_view text) {
     });
 }
 
-std::string quoted(std::string_view name) {
-    std::string text(name.substr(0, 80));
-    std::replace_if(text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-    return "\"" + text + "\"";
+std::string quoted(std::string_view name) { return "\"" + std::string(tellable(name).substr(0, 80)) + "\""; }
+
+std::string begins(std::string_view name) {
+    return tellable(name).empty() ? std::string() : " that begins with " + quoted(name);
 }
 
 void keepOnly(Hop& hop, Names names) {
@@ -74,6 +74,16 @@ bool Hop::has(std::string_view name) const {
                        [&](const auto& header) { return sameFolded(header.first, name); });
 }
 
+std::string_view tellable(std::string_view name) {
+    std::size_t size = 0;
+    while (size < name.size() && isTokenCharacter(name[size])) ++size;
+    return name.substr(0, size);
+}
+
+bool announcesBody(HTTPMethod method) {
+    return method == HTTPMethod::POST || method == HTTPMethod::PUT || method == HTTPMethod::PATCH;
+}
+
 std::optional<SkellError> refusal(const Hop& hop) {
     const auto invalid = [&](const std::string& what) {
         return failure(SkellError::Kind::invalidRequest, hop.url, what);
@@ -83,7 +93,7 @@ std::optional<SkellError> refusal(const Hop& hop) {
         return failure(SkellError::Kind::invalidURL, hop.url, "not a URL to request");
     if (!address->isHTTP()) return failure(SkellError::Kind::invalidURL, hop.url, "neither an http nor an https URL");
     for (const auto& [name, value] : hop.headers) {
-        if (!isToken(name)) return invalid("the header name " + quoted(name) + " is not a token");
+        if (!isToken(name)) return invalid("a header name" + begins(name) + " is not a token");
         if (isOneOf(name, ownNames)) return invalid("the header " + quoted(name) + " is set by the library alone");
         if (!isFieldValue(value))
             return invalid("the value of the header " + quoted(name) + " has a control character");

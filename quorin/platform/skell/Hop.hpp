@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorin::skell {
 
@@ -21,6 +22,13 @@ struct Hop {
     /// True when `headers` has `name` in any ASCII letter case.
     bool has(std::string_view name) const;
 };
+
+/// True of methods whose meaning asks for content: they announce an empty one (RFC 9110 section 8.6).
+bool announcesBody(HTTPMethod method);
+
+/// What of a header's name may be told: nothing behind the first character that no name has (RFC 9110 section 5.6.2),
+/// because a whole header line, with its secrets, may have been taken for the name.
+std::string_view tellable(std::string_view name);
 
 /// Why `hop` cannot be sent, or empty when it can.
 std::optional<SkellError> refusal(const Hop& hop);

@@ -42,7 +42,8 @@ struct Request {
     static Request TRACE(std::string url) { return make(HTTPMethod::TRACE, std::move(url)); }
     static Request GET(std::string url) { return make(HTTPMethod::GET, std::move(url)); }
 
-    /// Why it cannot be sent, of kind `invalidURL` or `invalidRequest`; empty when it can. Sending fails with the same.
+    /// Why it cannot be sent, of kind `invalidURL` or `invalidRequest`; empty when it can. Sending fails with the same,
+    /// and besides where the times of the transport are not above zero.
     std::optional<SkellError> refusal() const;
 
     /// The one response, of whatever status, or a `SkellError`. Each subscription sends a request of its own; disposing

@@ -11,10 +11,11 @@ namespace {
 
 std::string written(RequestBodyType type, const json::DocumentMap& content) {
     switch (type) {
+        case RequestBodyType::JSON: break;
         case RequestBodyType::XML: return xmlBody(content);
         case RequestBodyType::urlEncoded: return formBody(content);
-        default: return json::print(content, json::Layout::compact);
     }
+    return json::print(content, json::Layout::compact);
 }
 
 }  // namespace
@@ -25,9 +26,5 @@ RequestBody::RequestBody(RequestBodyType type, const json::DocumentMap& content)
     : RequestBody(Parts{.type = type, .content = content, .text = written(type, content)}) {}
 
 RequestBody RequestBody::bytes(std::string text) { return RequestBody(Parts{.text = std::move(text)}); }
-
-RequestBody RequestBody::withContent(const json::DocumentMap& content) const {
-    return type() ? RequestBody(*type(), content) : *this;
-}
 
 }  // namespace quorin::skell

@@ -20,9 +20,6 @@ public:
     /// Bytes that are sent as they stand.
     static RequestBody bytes(std::string text);
 
-    /// A body of the same type with another content. Bytes have no type to write it by and stay as they are.
-    RequestBody withContent(const json::DocumentMap& content) const;
-
     /// Absent for bytes.
     std::optional<RequestBodyType> type() const { return parts_->type; }
 

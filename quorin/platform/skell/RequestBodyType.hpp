@@ -1,10 +1,7 @@
 #pragma once
 
-#include "quorin/platform/foundation/RawValues.hpp"
-
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 namespace quorin::skell {
@@ -16,11 +13,6 @@ public:
 
     constexpr RequestBodyType(Case value) : case_(value) {}
     constexpr operator Case() const { return case_; }
-
-    /// Exactly one of the raw values, or empty.
-    static std::optional<RequestBodyType> fromRawValue(std::string_view text) {
-        return rawvalues::exact<RequestBodyType>(text);
-    }
 
     constexpr std::string_view rawValue() const { return rawValues[case_]; }
 

@@ -1,5 +1,6 @@
 #include "quorin/platform/skell/TransferSetup.hpp"
 
+#include "quorin/platform/foundation/Trimmed.hpp"
 #include "quorin/platform/skell/ContentDecoder.hpp"
 
 #include <algorithm>
@@ -9,11 +10,6 @@
 
 namespace quorin::skell {
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    return first == text.npos ? std::string_view() : text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 /// A list of libcurl's that grows at its end.
 class Lines {
@@ -37,17 +33,12 @@ long milliseconds(std::chrono::milliseconds time) {
     return static_cast<long>(std::clamp<std::chrono::milliseconds::rep>(time.count(), 1, most));
 }
 
-/// Methods whose meaning asks for content announce an empty one (RFC 9110 section 8.6).
-bool announcesBody(HTTPMethod method) {
-    return method == HTTPMethod::POST || method == HTTPMethod::PUT || method == HTTPMethod::PATCH;
-}
-
 }  // namespace
 
 curl_slist* headerLines(const Hop& hop) {
     Lines lines;
     for (const auto& [name, value] : hop.headers) {
-        const std::string_view text = trimmed(value);
+        const std::string_view text = foundation::trimmed(value);
         lines.add(text.empty() ? name + ";" : name + ": " + std::string(text));  // libcurl's form of an empty value
     }
     if (!hop.has("Accept-Encoding")) lines.add("Accept-Encoding: " + std::string(ContentDecoder::offered));

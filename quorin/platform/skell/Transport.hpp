@@ -24,8 +24,9 @@ struct Transport {
     /// `https_proxy`, `all_proxy`, `no_proxy`).
     std::optional<std::string> proxy{};
 
-    /// Where cookies are kept. Each hop, redirects included, sends what it holds for its URL, unless the request has a
-    /// Cookie header of its own there, and keeps what the response sets. Null: no cookies are sent or kept.
+    /// Where cookies are kept. Each hop, redirects included, sends what it holds for its URL and keeps what the
+    /// response sets. It sends none where the request has a Cookie header of its own, nor where a redirect led to
+    /// another port or scheme of the first host. Null: no cookies are sent or kept.
     std::shared_ptr<foundation::HTTPCookieStorage> cookies = foundation::HTTPCookieStorage::shared();
 
     /// What requests use that name no transport of their own. Any thread.

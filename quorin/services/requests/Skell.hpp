@@ -19,6 +19,7 @@ struct Skell : skell::Request {
     using Instance = ConfigurationManager::Instance;
 
     Skell() = default;
+    /// A plain request is one, so that `Skell::GET(url)` and the others make one.
     Skell(skell::Request request) : skell::Request(std::move(request)) {}
 
     /// The request that `service` and `params` describe: the service's headers with the caller's in their place, then

@@ -68,9 +68,9 @@ TEST(HTTPCookie, EndsWithItsAgeRatherThanItsDate) {
     EXPECT_EQ(endOf("Max-Age=; Expires=never"), std::nullopt);
 }
 
-TEST(HTTPCookie, OfNoAgeEndsBeforeAllTime) {
+TEST(HTTPCookie, OfNoAgeHasEnded) {
     for (const char* age : {"0", "-0", "-1", "-99999999999999999999"})
-        EXPECT_EQ(endOf("Max-Age=" + std::string(age)), Time::min()) << age;
+        EXPECT_EQ(endOf("Max-Age=" + std::string(age)), Time()) << age;
 }
 
 TEST(HTTPCookie, OfAHugeAgeEndsWithAllTime) {
@@ -80,6 +80,13 @@ TEST(HTTPCookie, OfAHugeAgeEndsWithAllTime) {
     EXPECT_EQ(endOf("Max-Age=5", Time::max()), Time::max());
     EXPECT_EQ(endOf("Max-Age=5", Time::min()), Time::min() + 5s);
     EXPECT_EQ(endOf("Max-Age=5", Time::max() - 10s), Time::max() - 5s);
+}
+
+TEST(HTTPCookie, HasAPathOfAtMost1024Bytes) {
+    const std::string longest = "http://h/" + std::string(1023, 'x');
+    EXPECT_EQ(cookies({"a=1"}, longest + "/p").size(), 1U);
+    EXPECT_EQ(cookies({"a=1"}, longest + "x/p").size(), 0U);
+    EXPECT_EQ(cookies({"a=1; Path=/"}, longest + "x/p").size(), 1U);
 }
 
 struct DomainRow {

@@ -66,6 +66,14 @@ TEST(Failure, IsInvalidRequestForHeadersOfTheLibraryAndNamesThem) {
     EXPECT_EQ(server.acceptedConnections(), 0);
 }
 
+TEST(Failure, TellsNothingBehindTheNameInAHeaderLine) {
+    const FaultServer server({{"/", answer(200)}});
+    const SkellError error = failureOf(performed(withHeader(server, "Authorization: Bearer secret", "")));
+    EXPECT_EQ(error.kind, SkellError::Kind::invalidRequest);
+    EXPECT_NE(error.message.find("\"Authorization\""), std::string::npos) << error.message;
+    EXPECT_EQ(error.message.find("secret"), std::string::npos) << error.message;
+}
+
 TEST(Failure, IsInvalidRequestForBodiesThatTheMethodCannotHave) {
     for (const HTTPMethod method : {HTTPMethod::TRACE, HTTPMethod::CONNECT}) {
         const auto body = RequestBody::bytes("b");

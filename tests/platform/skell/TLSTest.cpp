@@ -83,9 +83,7 @@ TEST_F(TLS, DoesNotTrustTheCertificateOfAnotherHost) {
     EXPECT_EQ(failureKind(trusting("wronghost", "/object.json")), "tls");
 }
 
-TEST_F(TLS, IsNotSpokenInAVersionBefore12) {
-    EXPECT_EQ(failureKind(trusting("outdated", "/object.json")), "tls");
-}
+TEST_F(TLS, IsNotSpokenInAVersionBefore12) { EXPECT_EQ(failureKind(trusting("outdated", "/object.json")), "tls"); }
 
 TEST_F(TLS, FailsWithoutTheFileOfAuthorities) {
     const Request request = Request::GET(nginx_->url("good", "/object.json"));
