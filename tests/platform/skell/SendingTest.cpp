@@ -3,6 +3,7 @@
 #include "tests/platform/skell/Requests.hpp"
 #include "tests/support/FaultServer.hpp"
 #include "tests/support/Listener.hpp"
+#include "tests/support/Memory.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -10,7 +11,7 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -101,51 +102,50 @@ TEST_P(Sending, SendsExactlyTheBodyAndItsLengthOrRefusesIt) {
 INSTANTIATE_TEST_SUITE_P(Methods, Sending, testing::ValuesIn(methods),
                          [](const auto& row) { return std::string(row.param.method.rawValue()); });
 
-/// Bytes of this process that stand in memory now.
-std::size_t residentBytes() {
-    std::size_t all = 0;
-    std::size_t resident = 0;
-    std::ifstream("/proc/self/statm") >> all >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-}
+constexpr char filling = '#';  // does not occur in the head
 
-constexpr char filling = 'x';  // does not occur in the head
+struct Receiving {
+    std::string head{};
+    std::size_t most = 0;  ///< the most memory that this process had at any time in between
+};
 
-/// Takes one request with a body of `size` such bytes and keeps nothing of it. Yields the most memory that this process
-/// had at any time in between.
-std::size_t mostWhileReceiving(int listener, std::size_t size) {
+/// Takes one request with a body of `size` such bytes and keeps nothing of that.
+Receiving receiving(int listener, std::size_t size) {
+    Receiving seen;
     const int socket = accept(listener, nullptr, nullptr);
     std::array<char, 64 * 1024> piece;
     std::size_t received = 0;
-    std::size_t most = 0;
     while (received < size) {
         const ssize_t count = recv(socket, piece.data(), piece.size(), 0);
         if (count <= 0) break;
+        std::remove_copy(piece.begin(), piece.begin() + count, std::back_inserter(seen.head), filling);
         received += static_cast<std::size_t>(std::count(piece.begin(), piece.begin() + count, filling));
-        most = std::max(most, residentBytes());
+        seen.most = std::max(seen.most, support::residentBytes());
     }
     const std::string end = answer(200, received < size ? "cut short" : "whole", "Connection: close\r\n");
-    if (send(socket, end.data(), end.size(), MSG_NOSIGNAL) < 0) most = 0;
+    if (send(socket, end.data(), end.size(), MSG_NOSIGNAL) < 0) seen.most = 0;
     close(socket);
-    return most;
+    return seen;
 }
 
-TEST(SendingMuch, KeepsNoSecondCopyOfTheBody) {
+TEST(SendingMuch, KeepsNoSecondCopyOfTheBodyAndAsksNoPermission) {
     constexpr std::size_t size = std::size_t{50} << 20;
     const support::Listener listener = support::listenOnFreePort();
     Request request = Request::POST("http://127.0.0.1:" + std::to_string(listener.port) + "/");
     request.body = RequestBody::bytes(std::string(size, filling));
     EXPECT_TRUE(performed("http://127.0.0.1:" + std::to_string(support::closedPort()) + "/").error().as<SkellError>());
-    const std::size_t before = residentBytes();
-    std::size_t most = 0;
-    std::thread server([&] { most = mostWhileReceiving(listener.socket, size); });
+    const std::size_t before = support::residentBytes();
+    Receiving seen;
+    std::thread server([&] { seen = receiving(listener.socket, size); });
     const auto response = performed(request);
     server.join();
     close(listener.socket);
     ASSERT_TRUE(response);
     EXPECT_EQ(response->body(), "whole");
-    EXPECT_GE(most, size);
-    EXPECT_LT(most, before + size / 2);
+    EXPECT_GE(seen.most, size);
+    EXPECT_LT(seen.most, before + size / 2);
+    EXPECT_TRUE(seen.head.starts_with("POST / HTTP/1.1\r\n")) << seen.head;
+    EXPECT_EQ(seen.head.find("Expect"), std::string::npos) << seen.head;
 }
 
 }  // namespace
