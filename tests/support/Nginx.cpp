@@ -33,7 +33,9 @@ std::string tlsServer(const std::string& name, int port, const std::string& down
                  " DEFAULT:@SECLEVEL=0; }\n";
     return "server { listen 127.0.0.1:" + std::to_string(port) + " ssl http2; ssl_certificate " + name
            + ".pem; ssl_certificate_key " + name
-           + ".key; add_header X-Protocol $server_protocol always; location = /down { return 302 " + down + "; } }\n";
+           + ".key; add_header X-Protocol $server_protocol always; add_header X-Cookie $http_cookie always;"
+             " location = /down { return 302 "
+           + down + "; } }\n";
 }
 
 }  // namespace
@@ -89,8 +91,11 @@ http {
         listen 127.0.0.1:)";
     text += std::to_string(listeners_.at("plain").port) + R"(;
         add_header X-Connection $connection always;
+        add_header X-Cookie $http_cookie always;
         location = /moved { return 301 /object.json; }
         location = /circle { return 302 /circle; }
+        location = /up { return 302 )";
+    text += url("good", "/object.json") + R"(; }
         location = /failing { default_type application/json; return 500 '{"reason": "broken"}'; }
     }
 )";

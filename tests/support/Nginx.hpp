@@ -14,9 +14,9 @@ namespace quorin::support {
 /// A real nginx with a folder, ports and a test authority of its own; it ends with the object.
 ///
 /// On the host "plain", without TLS: /object.json, /list.json, /large.json (gzip), /missing (404), /failing (500 with a
-/// JSON object), /moved (301 to /object.json), /circle (302 to itself). On the hosts "good" (HTTP/2), "expired",
-/// "selfsigned" and "wronghost", with the certificates of these names, and "outdated" in TLS 1.1: /object.json, and
-/// /down (302 to "plain").
+/// JSON object), /moved (301 to /object.json), /circle (302 to itself), /up (302 to "good"). On the hosts "good"
+/// (HTTP/2), "expired", "selfsigned" and "wronghost", with the certificates of these names, and "outdated" in TLS 1.1:
+/// /object.json, and /down (302 to "plain"). All but "outdated" give back the Cookie header as X-Cookie.
 class Nginx {
 public:
     /// Ends the program, and says how to get an nginx, when there is none.

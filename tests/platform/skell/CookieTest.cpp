@@ -1,5 +1,6 @@
 #include "Requests.hpp"
 #include "tests/support/FaultServer.hpp"
+#include "tests/support/Nginx.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -79,6 +80,47 @@ TEST(Cookies, OfTheFirstOriginDoNotFollowARedirectToAnotherPort) {
     const auto cookies = std::make_shared<HTTPCookieStorage>();
     EXPECT_EQ(failureKind(keeping(cookies, server.url("/"))), "none");
     EXPECT_EQ(other.requests().at(0).header("Cookie"), std::nullopt);
+}
+
+TEST(Cookies, OfTheFirstHostDoNotFollowARedirectFromHTTPToHTTPS) {
+    const support::Nginx nginx;
+    const auto cookies = std::make_shared<HTTPCookieStorage>();
+    cookies->setCookie({.name = "a", .value = "1", .domain = "127.0.0.1"});
+    const auto sentTo = [&](const std::string& host, const char* path) {
+        const Request request =
+            with({.caFile = nginx.caFile(), .cookies = cookies}, Request::GET(nginx.url(host, path)));
+        return performed(request)->header("X-Cookie").value_or("none");
+    };
+    EXPECT_EQ(sentTo("plain", "/object.json"), "a=1");
+    EXPECT_EQ(sentTo("plain", "/up"), "none");
+    EXPECT_EQ(sentTo("good", "/object.json"), "a=1");
+}
+
+TEST(Cookies, OfADomainFollowARedirectToASiblingHost) {
+    std::string sibling;
+    const FaultServer server([&](const ReceivedRequest& request, Connection& connection) {
+        const bool isFirst = request.target == "/first";
+        connection.send(isFirst ? redirect(sibling, "Set-Cookie: all=1; Domain=x.localhost\r\nSet-Cookie: own=2\r\n")
+                                : answer(200));
+    });
+    const std::string port = std::to_string(server.port());
+    sibling = "http://b.x.localhost:" + port + "/second";
+    const auto cookies = std::make_shared<HTTPCookieStorage>();
+    EXPECT_EQ(failureKind(keeping(cookies, "http://a.x.localhost:" + port + "/first")), "none");
+    EXPECT_EQ(server.requests().at(1).header("Cookie"), "all=1");
+}
+
+// Cookies know no ports; only what the first host holds is kept from its other origins.
+TEST(Cookies, OfALaterHostFollowARedirectToItsOtherPort) {
+    const FaultServer third({{"/", answer(200)}});
+    const auto onLocalhost = [](const FaultServer& server) {
+        return "http://localhost:" + std::to_string(server.port()) + "/";
+    };
+    const FaultServer second({{"/", redirect(onLocalhost(third), "Set-Cookie: its=own\r\n")}});
+    const FaultServer first({{"/", redirect(onLocalhost(second), "Set-Cookie: a=1\r\n")}});
+    EXPECT_EQ(failureKind(keeping(std::make_shared<HTTPCookieStorage>(), first.url("/"))), "none");
+    EXPECT_EQ(second.requests().at(0).header("Cookie"), std::nullopt);
+    EXPECT_EQ(third.requests().at(0).header("Cookie"), "its=own");
 }
 
 TEST(Cookies, AreSentAgainWhenARedirectLeadsBack) {
