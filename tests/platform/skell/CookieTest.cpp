@@ -89,7 +89,7 @@ TEST(Cookies, OfTheFirstHostDoNotFollowARedirectFromHTTPToHTTPS) {
     const auto sentTo = [&](const std::string& host, const char* path) {
         const Request request =
             with({.caFile = nginx.caFile(), .cookies = cookies}, Request::GET(nginx.url(host, path)));
-        return performed(request)->header("X-Cookie").value_or("none");
+        return std::string(performed(request)->header("X-Cookie").value_or("none"));
     };
     EXPECT_EQ(sentTo("plain", "/object.json"), "a=1");
     EXPECT_EQ(sentTo("plain", "/up"), "none");
