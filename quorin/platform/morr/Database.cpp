@@ -208,8 +208,8 @@ Outcome Database::claim(std::string_view key, const StoredValue& value, std::opt
         outcome = write(key, value);
         there = value;
     }
-    if (outcome) return execute("COMMIT");
-    execute("ROLLBACK");
+    if (outcome) outcome = execute("COMMIT");
+    if (!outcome) execute("ROLLBACK");
     return outcome;
 }
 
