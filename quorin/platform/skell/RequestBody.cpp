@@ -10,11 +10,8 @@ namespace quorin::skell {
 namespace {
 
 std::string written(RequestBodyType type, const json::DocumentMap& content) {
-    switch (type) {
-        case RequestBodyType::JSON: break;
-        case RequestBodyType::XML: return xmlBody(content);
-        case RequestBodyType::urlEncoded: return formBody(content);
-    }
+    if (type == RequestBodyType::XML) return xmlBody(content);
+    if (type == RequestBodyType::urlEncoded) return formBody(content);
     return json::print(content, json::Layout::compact);
 }
 
