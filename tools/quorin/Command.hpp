@@ -1,21 +1,14 @@
 #pragma once
 
-#include "Session.hpp"
+#include "Outcome.hpp"
 
 #include <CLI/CLI.hpp>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace quorin::tool {
-
-/// What a command came to: nothing, or why it failed.
-using Outcome = std::optional<Failure>;
-
-/// What the chosen command does; set while the arguments are parsed and run afterwards.
-using Action = std::function<Outcome(Session&)>;
 
 /// Each adds one command to `program`.
 void addLoad(CLI::App& program, Action& chosen);

@@ -2,7 +2,7 @@
 
 #include "quorin/services/requests/Skell.hpp"
 
-#include "Command.hpp"
+#include "Outcome.hpp"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.hpp"
+#include "Outcome.hpp"
 
 namespace quorin::tool {
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Session.hpp"
+
+#include <functional>
+#include <optional>
+
+namespace quorin::tool {
+
+/// What a command came to: nothing, or why it failed.
+using Outcome = std::optional<Failure>;
+
+/// What the chosen command does; set while the arguments are parsed and run afterwards.
+using Action = std::function<Outcome(Session&)>;
+
+}  // namespace quorin::tool
