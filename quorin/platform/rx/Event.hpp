@@ -2,6 +2,7 @@
 
 #include "quorin/platform/rx/Error.hpp"
 
+#include <cstddef>
 #include <utility>
 #include <variant>
 
@@ -11,9 +12,9 @@ namespace quorin::rx {
 template <class T>
 class Event {
 public:
-    static Event next(T value) { return Event(Content(std::in_place_index<0>, std::move(value))); }
-    static Event failed(Error error) { return Event(Content(std::in_place_index<1>, std::move(error))); }
-    static Event completed() { return Event(Content(std::in_place_index<2>)); }
+    static Event next(T value) { return Event(std::in_place_index<0>, std::move(value)); }
+    static Event failed(Error error) { return Event(std::in_place_index<1>, std::move(error)); }
+    static Event completed() { return Event(std::in_place_index<2>, std::monostate()); }
 
     /// Null at the end.
     const T* value() const { return std::get_if<0>(&content_); }
@@ -29,7 +30,8 @@ public:
 private:
     using Content = std::variant<T, Error, std::monostate>;
 
-    explicit Event(Content content) : content_(std::move(content)) {}
+    template <std::size_t which, class Value>
+    Event(std::in_place_index_t<which> place, Value value) : content_(place, std::move(value)) {}
 
     Content content_;
 };
