@@ -1,13 +1,10 @@
 #include "CurlLine.hpp"
 
-#include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/foundation/Trimmed.hpp"
 #include "quorin/platform/skell/ContentDecoder.hpp"
 #include "quorin/platform/skell/Hop.hpp"
 
-#include <algorithm>
 #include <string_view>
-#include <utility>
 
 namespace quorin::tool {
 namespace {
@@ -29,18 +26,12 @@ std::string headerOf(std::string_view name, std::string_view value) {
     return " -H " + shellQuoted(value.empty() ? line + ";" : line + ": " + std::string(value));
 }
 
-bool has(const Skell& request, std::string_view name) {
-    return std::any_of(request.headers.begin(), request.headers.end(),
-                       [&](const auto& header) { return rawvalues::sameFolded(header.first, name); });
-}
-
-/// The request's own, and the cookies that are sent with them.
-StringMap headersOf(const Skell& request) {
-    StringMap headers = request.headers;
+/// The message as it is sent now.
+skell::Hop hopOf(const Skell& request) {
+    skell::Hop hop{.method = request.method, .url = request.url, .headers = request.headers};
     const auto transport = request.transport ? *request.transport : skell::Transport::standard();
-    if (!transport.cookies || has(request, "Cookie")) return headers;
-    if (auto held = transport.cookies->cookieHeader(request.url); !held.empty()) headers["Cookie"] = std::move(held);
-    return headers;
+    if (transport.cookies) hop.addCookies(*transport.cookies);
+    return hop;
 }
 
 /// Methods that the library sends with a body, if only an empty one.
@@ -55,12 +46,13 @@ std::string methodOf(const Skell& request) {
 }  // namespace
 
 std::string curlLine(const Skell& request) {
+    const skell::Hop hop = hopOf(request);
     std::string line = "curl -q --globoff" + methodOf(request);
-    for (const auto& [name, value] : headersOf(request)) line += headerOf(name, value);
-    if (!has(request, "Accept-Encoding")) line += headerOf("Accept-Encoding", skell::ContentDecoder::offered);
+    for (const auto& [name, value] : hop.headers) line += headerOf(name, value);
+    if (!hop.has("Accept-Encoding")) line += headerOf("Accept-Encoding", skell::ContentDecoder::offered);
     for (const std::string_view own : {"User-Agent", "Accept", "Content-Type", "Expect"}) {
         const bool isOfContent = own == "Content-Type" || own == "Expect";
-        if ((!isOfContent || hasContent(request)) && !has(request, own))
+        if ((!isOfContent || hasContent(request)) && !hop.has(own))
             line += " -H " + shellQuoted(std::string(own) + ":");
     }
     if (hasContent(request)) line += " --data-raw " + shellQuoted(request.body ? request.body->text() : "");

@@ -38,7 +38,7 @@ void Exchange::startHop() {
     if (left <= milliseconds::zero())
         return fail(SkellError::Kind::timeout, "no complete response in the time allowed");
     Hop sent = hop_;
-    addCookies(sent);
+    if (transport_.cookies && mayHaveCookies()) sent.addCookies(*transport_.cookies);
     if (loop_.isStopping()) return fail(SkellError::Kind::cancelled, "the process is exiting");
     if (auto refused = refusal(sent)) return fail(std::move(*refused));
     CURL* const easy = loop_.acquire();
@@ -46,12 +46,6 @@ void Exchange::startHop() {
     transfer_.emplace(easy, std::move(sent), transport_);
     if (const CURLcode code = transfer_->prepare(left); code != CURLE_OK) return hopEnded(code);
     if (!loop_.add(easy, shared_from_this())) hopEnded(CURLE_FAILED_INIT);
-}
-
-/// A caller's own Cookie header stands as it is.
-void Exchange::addCookies(Hop& hop) const {
-    if (!transport_.cookies || hop.has("Cookie") || !mayHaveCookies()) return;
-    if (std::string held = transport_.cookies->cookieHeader(hop.url); !held.empty()) hop.headers["Cookie"] = held;
 }
 
 /// Cookies know no ports (RFC 6265 section 8.5), but another origin of the first host must not have what is the

@@ -41,7 +41,6 @@ public:
 
 private:
     void startHop();
-    void addCookies(Hop& hop) const;
     bool mayHaveCookies() const;
     void takeCookies(const Response& response) const;
     void take(Response response);

@@ -74,6 +74,11 @@ bool Hop::has(std::string_view name) const {
                        [&](const auto& header) { return sameFolded(header.first, name); });
 }
 
+void Hop::addCookies(foundation::HTTPCookieStorage& storage) {
+    if (has("Cookie")) return;
+    if (std::string held = storage.cookieHeader(url); !held.empty()) headers["Cookie"] = std::move(held);
+}
+
 std::string_view tellable(std::string_view name) {
     std::size_t size = 0;
     while (size < name.size() && isTokenCharacter(name[size])) ++size;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quorin/platform/foundation/HTTPCookieStorage.hpp"
 #include "quorin/platform/skell/HTTPMethod.hpp"
 #include "quorin/platform/skell/Response.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
@@ -21,6 +22,9 @@ struct Hop {
 
     /// True when `headers` has `name` in any ASCII letter case.
     bool has(std::string_view name) const;
+
+    /// Adds what the storage holds for `url`; a Cookie header of the caller's own stands as it is.
+    void addCookies(foundation::HTTPCookieStorage& storage);
 };
 
 /// True of methods whose meaning asks for content: they announce an empty one (RFC 9110 section 8.6).
