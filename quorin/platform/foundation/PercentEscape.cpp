@@ -42,10 +42,4 @@ bool appendPercentEscaped(std::string& target, std::string_view text, const Esca
     return true;
 }
 
-std::optional<std::string> percentEscaped(std::string_view text, const EscapeSet& set) {
-    std::optional<std::string> escaped(std::in_place);
-    if (!appendPercentEscaped(*escaped, text, set)) escaped.reset();
-    return escaped;
-}
-
 }  // namespace quorin::foundation

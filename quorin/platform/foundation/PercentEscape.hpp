@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -41,12 +40,9 @@ private:
     std::array<Form, 256> forms_{};
 };
 
-/// `text` with "%" and two upper-case hexadecimal digits in place of each byte of the characters in `set` (RFC 3986
-/// section 2.1). Empty where the text is not UTF-8.
-std::optional<std::string> percentEscaped(std::string_view text, const EscapeSet& set);
-
-/// Adds the same to the end of `target`, which `text` must not be part of. False, and nothing is added, where the text
-/// is not UTF-8.
+/// Adds `text` to the end of `target`, which it must not be part of, with "%" and two upper-case hexadecimal digits in
+/// place of each byte of the characters in `set` (RFC 3986 section 2.1). False, and nothing is added, where the text is
+/// not UTF-8.
 bool appendPercentEscaped(std::string& target, std::string_view text, const EscapeSet& set);
 
 }  // namespace quorin::foundation

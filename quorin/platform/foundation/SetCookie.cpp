@@ -104,7 +104,7 @@ std::optional<SetCookie> SetCookie::parse(std::string_view text) {
         return std::nullopt;
     SetCookie cookie{.name = name, .value = value};
     while (!text.empty()) apply(cut(takePart(text)), cookie);
-    // No URL has a path with a tab, so such a cookie would never be sent.
+    // Within a name or a value a tab would be a control character of the header, and no URL has a path with one.
     if (hasTab(name) || hasTab(value) || hasTab(cookie.path)) return std::nullopt;
     return cookie;
 }

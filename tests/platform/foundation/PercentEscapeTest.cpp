@@ -19,6 +19,11 @@ std::string allOfASCII() {
     return text + '\x7F';
 }
 
+std::optional<std::string> percentEscaped(std::string_view text, const EscapeSet& set) {
+    std::string escaped;
+    return appendPercentEscaped(escaped, text, set) ? std::optional(escaped) : std::nullopt;
+}
+
 int digit(char c) { return c <= '9' ? c - '0' : c - 'A' + 10; }
 
 /// What a reader of upper-case escapes makes of the text.
