@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 
 namespace quorin::foundation {
 namespace {
@@ -17,7 +18,9 @@ using Parts = std::unique_ptr<UriUriA, decltype(&uriFreeUriMembersA)>;
 /// Takes `text` apart; what it yields points into it. False, and there is nothing to free, where it is no
 /// URI-reference.
 bool take(std::string_view text, UriUriA& uri) {
-    return uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), nullptr) == URI_SUCCESS;
+    const int code = uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), nullptr);
+    if (code == URI_ERROR_MALLOC) throw std::bad_alloc();
+    return code == URI_SUCCESS;
 }
 
 std::optional<std::string> copyOf(const UriTextRangeA& part) {
