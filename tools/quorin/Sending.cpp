@@ -13,8 +13,6 @@
 namespace quorin::tool {
 namespace {
 
-constexpr const char* sending = "cannot send the request";
-
 json::Value textOf(const std::string& bytes) {
     if (json::isUTF8(bytes)) return json::Value(bytes);
     return json::DocumentMap{{"base64", foundation::base64(bytes)}};
@@ -45,7 +43,7 @@ Outcome send(Session& session, const Skell& request, const Decoding& decoding) {
         return {};
     }
     const auto response = rx::wait(request.response());
-    return response ? printResponse(session, *response) : Failure::of(response.error(), sending);
+    return response ? printResponse(session, *response) : Failure::of(response.error(), "cannot send the request");
 }
 
 }  // namespace quorin::tool
