@@ -1,7 +1,9 @@
+#include "quorin/context/PersistenceKeys.hpp"
 #include "quorin/core/ConfigurationManager.hpp"
 
 #include "tests/context/Testbed.hpp"
 #include "tests/support/Command.hpp"
+#include "tests/support/FaultServer.hpp"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +31,19 @@ TEST(StartupExample, LoadsTheSampleAndUsesIt) {
     EXPECT_NE(printed.find("profile is now p-kids\n"), std::string::npos) << printed;
     EXPECT_NE(printed.find("\nUser-Agent: Sample/2.4("), std::string::npos) << printed;
     EXPECT_NE(printed.find("\nappversion: 2.4\n"), std::string::npos) << printed;
+}
+
+TEST(BindExample, SendsTheConfiguredRequestAndKeepsTheToken) {
+    const support::FaultServer server({{"/bind", support::answer(200, R"({"profileId": "p-1", "jwt": "token"})")}});
+    const support::TemporaryFolder folder;
+    const std::string document = folder.write("a.json", R"({"webservices": {"anonymousBind": {"name": "anonymousBind",
+        "method": "POST", "header": {"Content-Type": "application/json"}, "url": {"value": ")"
+                                                            + server.url("/bind") + R"("}}}})");
+    const std::string store = folder.file("store.db");
+    EXPECT_EQ(support::outputOf(QUORIN_BINARY_DIR "/examples/bind/bind " + document + " " + store), "p-1 is bound\n");
+    EXPECT_EQ(server.requests().at(0).method, "POST");
+    EXPECT_EQ(server.requests().at(0).body.rfind("{\"profile\":\"p", 0), 0U);
+    EXPECT_EQ(std::get<std::string>(*MorrStandard({.path = store}).get(PersistenceKeys::profileJWT)), "token");
 }
 
 }  // namespace
