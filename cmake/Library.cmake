@@ -1,6 +1,6 @@
 # One object library for each floor, lowest first, and the one library that hosts link to, static and shared.
 # The test "floors" keeps includes from running upward.
-set(quorin_floors platform table services model context core services/requests)
+set(quorin_floors platform table services model context core services/requests facade)
 set(quorin_platform_libraries PkgConfig::simdjson PkgConfig::curl PkgConfig::sqlite3 PkgConfig::uuid PkgConfig::crypto
                               PkgConfig::zlib PkgConfig::brotli PkgConfig::psl PkgConfig::uriparser PkgConfig::pugixml
                               Threads::Threads)

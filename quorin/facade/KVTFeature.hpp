@@ -1,0 +1,24 @@
+#pragma once
+
+#include "quorin/facade/Wrapper.hpp"
+#include "quorin/model/Feature.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorin {
+
+/// A feature switch as an object.
+class KVTFeature : public Wrapper<KVTFeature, Feature> {
+public:
+    static constexpr std::string_view objectName = "KVTFeature";
+    using Wrapper::Wrapper;
+
+    const Feature& feature() const { return *native(); }
+
+    std::optional<std::string> name() const { return feature().name; }
+    std::optional<DocumentMap> params() const { return feature().params; }
+};
+
+}  // namespace quorin
