@@ -46,5 +46,35 @@ TEST(BindExample, SendsTheConfiguredRequestAndKeepsTheToken) {
     EXPECT_EQ(std::get<std::string>(*MorrStandard({.path = store}).get(PersistenceKeys::profileJWT)), "token");
 }
 
+/// A server with a document whose endpoint "search" is the server's own.
+struct SearchServer {
+    const support::FaultServer server{[this](const support::ReceivedRequest& request, support::Connection& client) {
+        if (request.target == "/a.json")
+            client.send(support::answer(200, R"({"webservices": {"search": {"name": "search", "method": "get",
+                "url": {"value": ")" + server.url("/search")
+                                                 + R"("}}}})"));
+        else
+            client.send(support::answer(200, "found " + request.target));
+    }};
+};
+
+TEST(CExample, LoadsObservesAndSends) {
+    const SearchServer search;
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(support::outputOf(QUORIN_BINARY_DIR "/examples/c/observe " + search.server.url("/a.json") + " "
+                                + folder.file("store.db")),
+              "the account is now account-7\nthe account was removed\n200: found /search?q=blue%20whale\n");
+}
+
+#ifdef QUORIN_SHARED_LIBRARY
+TEST(PythonExample, LoadsObservesAndSends) {
+    const SearchServer search;
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(support::outputOf("python3 -B " QUORIN_SOURCE_DIR "/examples/python/observe.py " QUORIN_SHARED_LIBRARY " "
+                                + search.server.url("/a.json") + " " + folder.file("store.db")),
+              "device: device-1\naccounts: [\"account-7\", null]\n200: found /search?q=blue%20whale\n");
+}
+#endif
+
 }  // namespace
 }  // namespace quorin

@@ -5,6 +5,7 @@
 #include "quorin/platform/rx/Observable.hpp"
 
 #include <functional>
+#include <string_view>
 #include <utility>
 
 namespace quorin {
@@ -13,6 +14,8 @@ namespace quorin {
 /// stream.
 class SwiftObservable {
 public:
+    static constexpr std::string_view objectName = "SwiftObservable";
+
     template <class T>
     explicit SwiftObservable(rx::Observable<T> stream)
         : stream_(rx::map(std::move(stream), [](const T& value) { return Object(value); })) {}

@@ -1,0 +1,125 @@
+#!/usr/bin/env python3
+"""An app in Python: load a configuration, observe an identity value, send a configured request.
+
+    observe.py LIBRARY URL STORE
+
+LIBRARY is the shared library, such as /usr/lib/libQuorinConfigManager.so.
+"""
+
+import ctypes
+import json
+import sys
+
+OK, ABSENT, FAILED = 0, 1, 2
+BRAND_ORVEL = 0
+Handle = ctypes.c_uint64
+
+
+class Text(ctypes.Structure):
+    _fields_ = [("data", ctypes.c_char_p), ("size", ctypes.c_uint64)]
+
+    def __init__(self, text=None):
+        data = None if text is None else text.encode()
+        super().__init__(data, len(data or b""))
+
+
+class Pair(ctypes.Structure):
+    _fields_ = [("name", Text), ("value", Text)]
+
+
+ValueHandler = ctypes.CFUNCTYPE(None, ctypes.c_void_p, Handle)
+EndHandler = ctypes.CFUNCTYPE(None, ctypes.c_void_p)
+
+
+class Handlers(ctypes.Structure):
+    _fields_ = [("value", ValueHandler), ("error", ValueHandler), ("completed", EndHandler), ("released", EndHandler)]
+
+
+class Failure(Exception):
+    pass
+
+
+class Library:
+    """The functions of the library, each told by its name without the prefix `quorin_`."""
+
+    def __init__(self, path):
+        self.library = ctypes.CDLL(path)
+        self.library.quorin_status_name.restype = ctypes.c_char_p
+
+    def call(self, name, *arguments):
+        """Calls a function; what it yields besides OK is an exception."""
+        status = getattr(self.library, "quorin_" + name)(*arguments)
+        if status != OK:
+            raise Failure(f"{name}: {self.library.quorin_status_name(status).decode()}")
+
+    def handle(self, name, *arguments):
+        """The object that a function yields in its last argument."""
+        handle = Handle()
+        self.call(name, *arguments, ctypes.byref(handle))
+        return handle
+
+    def integer(self, name, handle):
+        number = ctypes.c_int32()
+        self.call(name, handle, ctypes.byref(number))
+        return number.value
+
+    def text(self, name, *arguments):
+        """The text that a function puts into a buffer."""
+        size = ctypes.c_uint64()
+        self.call(name, *arguments, None, Handle(0), ctypes.byref(size))
+        buffer = ctypes.create_string_buffer(size.value + 1)
+        self.call(name, *arguments, buffer, Handle(len(buffer)), None)
+        return buffer.raw[:size.value].decode()
+
+    def wait(self, stream):
+        """The one result of a stream."""
+        value, error = Handle(), Handle()
+        status = self.library.quorin_observable_wait(stream, ctypes.byref(value), ctypes.byref(error))
+        if status == FAILED:
+            raise Failure(self.text("error_description", error))
+        return value
+
+
+def observe(quorin):
+    seen = []
+
+    def account(_, value):
+        seen.append(quorin.text("text_read", Handle(value)) if value else None)
+
+    # the functions are kept as long as the library may call them
+    handlers = Handlers(ValueHandler(account), ValueHandler(), EndHandler(), EndHandler())
+    stream = quorin.handle("manager_kova_observer")
+    subscription = quorin.handle("observable_subscribe", stream, ctypes.byref(handlers), None)
+    quorin.call("manager_set_kova", Text("account-7"))
+    quorin.call("manager_set_kova", Text())
+    quorin.call("subscription_dispose", subscription)
+    print("accounts:", json.dumps(seen))
+
+
+def search(quorin, configuration, words):
+    services = quorin.handle("configuration_web_services", configuration)
+    position = quorin.handle("map_find", services, Text("search"))
+    service = quorin.handle("map_object", services, position)
+    params = quorin.handle("params_make")
+    query = Pair(Text("q"), Text(words))
+    quorin.call("params_set_query_parameters", params, ctypes.byref(query), Handle(1))
+    quorin.call("params_set_has_valid_params", params, 1)
+    request = quorin.handle("request_build", params, service)
+    response = quorin.wait(quorin.handle("request_send", request))
+    print(f"{quorin.integer('response_status', response)}: {quorin.text('response_body', response)}")
+
+
+def main(library, url, store):
+    quorin = Library(library)
+    quorin.call("install", Text("Sample"), Text("2.4"), Text(store))
+    load = quorin.handle("manager_initialize", Text(url), Text("device-1"), BRAND_ORVEL, Text())
+    configuration = quorin.wait(load)
+    print("device:", quorin.text("configuration_device", configuration))
+    observe(quorin)
+    search(quorin, configuration, "blue whale")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 4:
+        sys.exit(__doc__)
+    main(*sys.argv[1:])
