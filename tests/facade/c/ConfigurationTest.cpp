@@ -69,11 +69,11 @@ TEST_F(Configured, ShowsTheHeadersOfAnEndpointAsAMapOfTexts) {
     EXPECT_EQ(quorin_web_service_headers(service, &headers), QUORIN_OK);
     EXPECT_EQ(quorin_map_count(headers, &number), QUORIN_OK);
     EXPECT_EQ(number, 1U);
-    EXPECT_EQ(text(quorin_map_name, headers, 0), "Content-Type");
-    EXPECT_EQ(text(quorin_map_text, headers, 0), "application/json");
+    EXPECT_EQ(text(quorin_map_name, headers, std::uint64_t{0}), "Content-Type");
+    EXPECT_EQ(text(quorin_map_text, headers, std::uint64_t{0}), "application/json");
     EXPECT_EQ(quorin_map_object(headers, 0, &object), QUORIN_ABSENT);
-    EXPECT_EQ(textWith(quorin_map_text, headers, 1).first, QUORIN_ABSENT);
-    EXPECT_EQ(textWith(quorin_map_name, headers, UINT64_MAX).first, QUORIN_ABSENT);
+    EXPECT_EQ(textWith(quorin_map_text, headers, std::uint64_t{1}).first, QUORIN_ABSENT);
+    EXPECT_EQ(textWith(quorin_map_name, headers, std::uint64_t{UINT64_MAX}).first, QUORIN_ABSENT);
     EXPECT_EQ(quorin_map_find(headers, quorin_text_of("content-type"), &number), QUORIN_ABSENT);
     EXPECT_EQ(quorin_map_find(headers, quorin_text_of("Content-Type"), &number), QUORIN_OK);
     EXPECT_EQ(number, 0U);

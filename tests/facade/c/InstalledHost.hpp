@@ -14,18 +14,10 @@
 
 namespace quorin {
 
-/// An app that has installed its platform, with a server. The C interface speaks for the shared manager, so each story
-/// runs in a process of its own.
-class Host : public testing::Test {
-protected:
-    std::string inHost(const std::function<std::string()>& work) const {
-        return support::inChild([&] {
-            const std::string store = bed_.storePath();
-            if (quorin_install(quorin_text_of("Sample"), quorin_text_of("2.4"), quorin_text_of(store.c_str())))
-                return std::string("not installed");
-            return work();
-        });
-    }
+/// An app that has installed its platform, with a server.
+class App {
+public:
+    const support::FaultServer& server() const { return server_; }
 
     quorin_handle load(const std::string& path, std::int32_t brand = QUORIN_BRAND_UNDEFINED,
                        const char* version = nullptr) const {
@@ -53,12 +45,27 @@ protected:
         return service;
     }
 
-    const Testbed bed_{};
+private:
     const support::FaultServer server_{{{"/a.json", support::answer(200, R"({"pel": {"features": {"chat": {"on": 1}}},
               "webservices": {"login": {"name": "login", "method": "post", "url": {"value": "http://h.example/{id}"},
                                         "header": {"Content-Type": "application/json"}}}})")},
                                         {"/broken", support::answer(200, "[]")},
                                         {"/teapot", support::answer(418, "short and stout")}}};
+};
+
+/// The C interface speaks for the shared manager, so each story runs in a process of its own.
+class Host : public testing::Test {
+protected:
+    std::string inHost(const std::function<std::string(const App&)>& work) const {
+        return support::inChild([&] {
+            const std::string store = bed_.storePath();
+            if (quorin_install(quorin_text_of("Sample"), quorin_text_of("2.4"), quorin_text_of(store.c_str())))
+                return std::string("not installed");
+            return work(App());
+        });
+    }
+
+    const Testbed bed_{};
 };
 
 }  // namespace quorin

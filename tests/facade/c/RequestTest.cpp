@@ -13,8 +13,8 @@ using host::text;
 using host::textWith;
 
 TEST_F(Host, BuildsTheRequestOfAnEndpoint) {
-    EXPECT_EQ(inHost([&] {
-                  const quorin_handle service = serviceNamed("login");
+    EXPECT_EQ(inHost([](const App& app) {
+                  const quorin_handle service = app.serviceNamed("login");
                   const quorin_pair mapping{quorin_text_of("{id}"), quorin_text_of("7")};
                   const quorin_pair query{quorin_text_of("q"), quorin_text_of("a b")};
                   const quorin_pair header{quorin_text_of("X-One"), quorin_text_of("1")};
@@ -39,7 +39,7 @@ TEST_F(Host, BuildsTheRequestOfAnEndpoint) {
 }
 
 TEST_F(Host, BuildsTheRequestOfAURL) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   quorin_handle params = QUORIN_NONE, request = QUORIN_NONE;
                   quorin_params_make(&params);
                   quorin_params_set_query_parameters(params, nullptr, 0);
@@ -54,8 +54,8 @@ TEST_F(Host, BuildsTheRequestOfAURL) {
 }
 
 TEST_F(Host, PassesTheGuardWithAConfigurationAndValidParameters) {
-    EXPECT_EQ(inHost([&] {
-                  const quorin_handle service = serviceNamed("login");
+    EXPECT_EQ(inHost([](const App& app) {
+                  const quorin_handle service = app.serviceNamed("login");
                   quorin_handle params = QUORIN_NONE, error = 7;
                   quorin_params_make(&params);
                   const auto refused = quorin_web_service_configuration_guard(service, params, &error);
@@ -67,19 +67,32 @@ TEST_F(Host, PassesTheGuardWithAConfigurationAndValidParameters) {
               "QUORIN_FAILED QUORIN_OK 0");
 }
 
-TEST_F(Host, SendsARequestAndReadsTheResponse) {
-    EXPECT_EQ(inHost([&] {
+TEST_F(Host, SendsTheRequestThatItDescribes) {
+    EXPECT_EQ(inHost([](const App& app) {
                   quorin_handle request = QUORIN_NONE, stream = QUORIN_NONE;
-                  quorin_request_create(QUORIN_HTTP_METHOD_POST, quorin_text_of(server_.url("/teapot").c_str()),
+                  quorin_request_create(QUORIN_HTTP_METHOD_POST, quorin_text_of(app.server().url("/teapot").c_str()),
                                         &request);
                   quorin_request_set_header(request, quorin_text_of("X-One"), quorin_text_of("1"));
                   quorin_request_set_header(request, quorin_text_of("X-Two"), quorin_text_of("2"));
                   quorin_request_set_header(request, quorin_text_of("X-Two"), quorin_text_of(nullptr));
                   quorin_request_set_body(request, QUORIN_CONTENT_TYPE_URL_ENCODED, quorin_text_of(R"({"a": "b c"})"));
                   quorin_request_send(request, &stream);
-                  const quorin_handle response = valueOf(stream);
+                  App::valueOf(stream);
+                  const auto received = app.server().requests().at(0);
+                  return received.method + ' ' + received.body + ' ' + received.header("x-one").value_or("none") + ' '
+                         + received.header("x-two").value_or("none");
+              }),
+              "POST a=b+c 1 none");
+}
+
+TEST_F(Host, ReadsTheResponse) {
+    EXPECT_EQ(inHost([](const App& app) {
+                  const std::string url = app.server().url("/teapot");
+                  quorin_handle request = QUORIN_NONE, stream = QUORIN_NONE, headers = QUORIN_NONE;
+                  quorin_request_create(QUORIN_HTTP_METHOD_GET, quorin_text_of(url.c_str()), &request);
+                  quorin_request_send(request, &stream);
+                  const quorin_handle response = App::valueOf(stream);
                   std::int32_t status = 0;
-                  quorin_handle headers = QUORIN_NONE;
                   std::uint64_t fields = 0;
                   quorin_response_status(response, &status);
                   quorin_response_headers(response, &headers);
@@ -87,30 +100,27 @@ TEST_F(Host, SendsARequestAndReadsTheResponse) {
                   return std::to_string(status) + ' ' + text(quorin_response_body, response) + ' '
                          + text(quorin_response_header, response, quorin_text_of("CONTENT-length")) + ' '
                          + (fields > 0 ? "fields " : "none ")
-                         + (text(quorin_response_url, response) == server_.url("/teapot") ? "there" : "elsewhere");
+                         + (text(quorin_response_url, response) == url ? "there" : "elsewhere");
               }),
               "418 short and stout 15 fields there");
-    ASSERT_EQ(server_.requests().size(), 1U);
-    EXPECT_EQ(server_.requests()[0].method, "POST");
-    EXPECT_EQ(server_.requests()[0].body, "a=b+c");
-    EXPECT_EQ(server_.requests()[0].header("x-one"), "1");
-    EXPECT_EQ(server_.requests()[0].header("x-two"), std::nullopt);
 }
 
 TEST_F(Host, SendsBytesAsTheyStand) {
-    inHost([&] {
-        quorin_handle request = QUORIN_NONE, stream = QUORIN_NONE;
-        quorin_request_create(QUORIN_HTTP_METHOD_PUT, quorin_text_of(server_.url("/teapot").c_str()), &request);
-        quorin_request_set_bytes(request, {"a\0b", 3});
-        quorin_request_send(request, &stream);
-        return std::to_string(valueOf(stream));
-    });
-    ASSERT_EQ(server_.requests().size(), 1U);
-    EXPECT_EQ(server_.requests()[0].body, std::string("a\0b", 3));
+    EXPECT_EQ(inHost([](const App& app) {
+                  quorin_handle request = QUORIN_NONE, stream = QUORIN_NONE;
+                  quorin_request_create(QUORIN_HTTP_METHOD_PUT, quorin_text_of(app.server().url("/teapot").c_str()),
+                                        &request);
+                  quorin_request_set_bytes(request, {"a\0b", 3});
+                  quorin_request_send(request, &stream);
+                  App::valueOf(stream);
+                  return std::string(app.server().requests().at(0).body == std::string("a\0b", 3) ? "as they stand"
+                                                                                                  : "otherwise");
+              }),
+              "as they stand");
 }
 
 TEST_F(Host, HearsWhyARequestIsNotSent) {
-    EXPECT_EQ(inHost([&] {
+    EXPECT_EQ(inHost([](const App&) {
                   quorin_handle request = QUORIN_NONE, stream = QUORIN_NONE, value = QUORIN_NONE, error = QUORIN_NONE;
                   quorin_request_create(QUORIN_HTTP_METHOD_GET, quorin_text_of("ftp://h.example/?secret"), &request);
                   quorin_request_send(request, &stream);
@@ -125,7 +135,7 @@ TEST_F(Host, HearsWhyARequestIsNotSent) {
 }
 
 TEST_F(Host, ReadsTheCodesOfAnErrorOfTheLibrary) {
-    EXPECT_EQ(inHost([&] {
+    EXPECT_EQ(inHost([](const App&) {
                   quorin_handle service = QUORIN_NONE, params = QUORIN_NONE, error = QUORIN_NONE;
                   quorin_web_service_from_encoded(quorin_text_of(R"({"name":"a","url":"u","method":"GET",
                       "Content-Type":"application/json"})"),

@@ -41,8 +41,8 @@ struct Story {
 };
 
 TEST_F(Host, LoadsAConfigurationForABrandAndAVersion) {
-    EXPECT_EQ(inHost([&] {
-                  const quorin_handle configuration = valueOf(load("/a.json", QUORIN_BRAND_PELLOW, "2.0"));
+    EXPECT_EQ(inHost([](const App& app) {
+                  const quorin_handle configuration = App::valueOf(app.load("/a.json", QUORIN_BRAND_PELLOW, "2.0"));
                   std::int32_t brand = -7, configured = 0;
                   quorin_configuration_brand(configuration, &brand);
                   quorin_manager_configured(&configured);
@@ -54,8 +54,8 @@ TEST_F(Host, LoadsAConfigurationForABrandAndAVersion) {
 }
 
 TEST_F(Host, LoadsWithoutABrandAndInVersionOneWhereNoneIsNamed) {
-    EXPECT_EQ(inHost([&] {
-                  const quorin_handle configuration = valueOf(load("/a.json"));
+    EXPECT_EQ(inHost([](const App& app) {
+                  const quorin_handle configuration = App::valueOf(app.load("/a.json"));
                   quorin_handle current = QUORIN_NONE;
                   quorin_manager_configuration(&current);
                   const bool same =
@@ -66,17 +66,17 @@ TEST_F(Host, LoadsWithoutABrandAndInVersionOneWhereNoneIsNamed) {
 }
 
 TEST_F(Host, RefusesABrandThatIsNone) {
-    EXPECT_EQ(inHost([&] {
-                  return std::to_string(load("/a.json", 6)) + std::to_string(load("/a.json", -2))
-                         + std::to_string(load("/a.json", INT32_MIN));
+    EXPECT_EQ(inHost([](const App& app) {
+                  return std::to_string(app.load("/a.json", 6)) + std::to_string(app.load("/a.json", -2))
+                         + std::to_string(app.load("/a.json", INT32_MIN));
               }),
               "000");
 }
 
 TEST_F(Host, HearsWhyALoadFailed) {
-    EXPECT_EQ(inHost([&] {
+    EXPECT_EQ(inHost([](const App& app) {
                   quorin_handle value = 7, error = QUORIN_NONE;
-                  const quorin_status status = quorin_observable_wait(load("/broken"), &value, &error);
+                  const quorin_status status = quorin_observable_wait(app.load("/broken"), &value, &error);
                   std::int32_t code = 0;
                   const bool hasCode = quorin_error_code(error, &code) == QUORIN_OK;
                   return std::string(quorin_status_name(status)) + ' ' + std::to_string(value) + ' '
@@ -86,7 +86,7 @@ TEST_F(Host, HearsWhyALoadFailed) {
 }
 
 TEST_F(Host, ObservesTheAccountUntilItDisposes) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   Story story;
                   quorin_handle stream = QUORIN_NONE, subscription = QUORIN_NONE;
                   quorin_manager_kova_observer(&stream);
@@ -102,7 +102,7 @@ TEST_F(Host, ObservesTheAccountUntilItDisposes) {
 }
 
 TEST_F(Host, GoesOnObservingWhereAllHandlesAreReleased) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   Story story;
                   quorin_handle stream = QUORIN_NONE, subscription = QUORIN_NONE;
                   quorin_manager_kova_observer(&stream);
@@ -116,7 +116,7 @@ TEST_F(Host, GoesOnObservingWhereAllHandlesAreReleased) {
 }
 
 TEST_F(Host, ObservesProfilesAndToken) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   Story parents, children, tokens;
                   quorin_handle parent = QUORIN_NONE, child = QUORIN_NONE, token = QUORIN_NONE, bind = QUORIN_NONE;
                   quorin_manager_parent_profile_id_observer(&parent);
@@ -134,7 +134,7 @@ TEST_F(Host, ObservesProfilesAndToken) {
 }
 
 TEST_F(Host, ReadsTheBindItAssigned) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   quorin_handle bind = QUORIN_NONE, none = 7;
                   const quorin_status before = quorin_manager_profile_bind(&none);
                   quorin_anonymous_bind_make(quorin_text_of("p"), quorin_text_of("t"), &bind);
@@ -147,7 +147,7 @@ TEST_F(Host, ReadsTheBindItAssigned) {
 }
 
 TEST_F(Host, ReadsAccountAndUserAgent) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   const quorin_status before = textWith(quorin_manager_kova).first;
                   quorin_manager_set_kova(quorin_text_of("account"));
                   quorin_manager_set_user_agent(quorin_text_of("A B CFNetwork/1 Darwin/2"));
@@ -160,7 +160,7 @@ TEST_F(Host, ReadsAccountAndUserAgent) {
 }
 
 TEST_F(Host, IsInstalledBeforeTheFirstUseOrNotAtAll) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   std::int32_t configured = 7;
                   quorin_manager_configured(&configured);
                   return std::string(quorin_status_name(
@@ -170,7 +170,7 @@ TEST_F(Host, IsInstalledBeforeTheFirstUseOrNotAtAll) {
 }
 
 TEST_F(Host, IsToldWhenItsPointerIsNotNeededEvenWhereNothingBegan) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   Story story;
                   const auto status = quorin_observable_subscribe(QUORIN_NONE, &Story::handlers, &story, nullptr);
                   return story.whole() + ' ' + quorin_status_name(status);
@@ -179,9 +179,9 @@ TEST_F(Host, IsToldWhenItsPointerIsNotNeededEvenWhereNothingBegan) {
 }
 
 TEST_F(Host, IsToldWhenALoadHasEnded) {
-    EXPECT_EQ(inHost([&] {
+    EXPECT_EQ(inHost([](const App& app) {
                   Story story;
-                  quorin_observable_subscribe(load("/broken"), &Story::handlers, &story, nullptr);
+                  quorin_observable_subscribe(app.load("/broken"), &Story::handlers, &story, nullptr);
                   const std::string whole = story.whole();
                   const bool isError = whole.find("decoding") != whole.npos && whole.find("completed") == whole.npos;
                   return isError ? whole.substr(whole.rfind(' ') + 1) : whole;
@@ -190,7 +190,7 @@ TEST_F(Host, IsToldWhenALoadHasEnded) {
 }
 
 TEST_F(Host, KeepsALentHandleByACopy) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   static quorin_handle lent = QUORIN_NONE, kept = QUORIN_NONE;
                   const quorin_handlers handlers{[](void*, quorin_handle value) {
                                                      lent = value;
@@ -207,7 +207,7 @@ TEST_F(Host, KeepsALentHandleByACopy) {
 }
 
 TEST_F(Host, MayReleaseALentHandleItself) {
-    EXPECT_EQ(inHost([] {
+    EXPECT_EQ(inHost([](const App&) {
                   static quorin_status released = QUORIN_FAILED;
                   const quorin_handlers handlers{[](void*, quorin_handle value) { released = quorin_release(value); },
                                                  nullptr, nullptr, nullptr};
