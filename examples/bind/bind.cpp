@@ -28,7 +28,7 @@ struct BindParams : quorin::APIParams {
     bool hasValidParams() const override { return true; }
 };
 
-quorin::rx::Observable<AnonymousBind> bindProfile(const WebService& service, const BindParams& params) {
+static quorin::rx::Observable<AnonymousBind> bindProfile(const WebService& service, const BindParams& params) {
     if (auto refused = service.configurationGuard<AnonymousBind>(params)) return *refused;
     return quorin::model<AnonymousBind>(Skell::build(params, service).response());
 }

@@ -11,13 +11,18 @@
 namespace quorin {
 
 /// A profile and its token as an object.
-class KVTAnonymousBind : public Wrapper<KVTAnonymousBind, AnonymousBind> {
+class KVTAnonymousBind : public Wrapper<AnonymousBind> {
 public:
     static constexpr std::string_view objectName = "KVTAnonymousBind";
     using Wrapper::Wrapper;
 
     KVTAnonymousBind(std::string profileID, std::string profileJWT)
         : Wrapper(AnonymousBind{.profileID = std::move(profileID), .profileJWT = std::move(profileJWT)}) {}
+
+    /// Of what `encode` wrote; empty where that makes none.
+    static std::optional<KVTAnonymousBind> fromEncoded(const DocumentMap& encoded) {
+        return read<KVTAnonymousBind>(encoded);
+    }
 
     const AnonymousBind& anonymousBind() const { return *native(); }
 

@@ -10,10 +10,15 @@
 namespace quorin {
 
 /// What the app tells about itself, as an object.
-class KVTApplicationData : public Wrapper<KVTApplicationData, ApplicationData> {
+class KVTApplicationData : public Wrapper<ApplicationData> {
 public:
     static constexpr std::string_view objectName = "KVTApplicationData";
     using Wrapper::Wrapper;
+
+    /// Of what `encode` wrote; empty where that makes none.
+    static std::optional<KVTApplicationData> fromEncoded(const DocumentMap& encoded) {
+        return read<KVTApplicationData>(encoded);
+    }
 
     const ApplicationData& applicationData() const { return *native(); }
 

@@ -14,10 +14,15 @@
 namespace quorin {
 
 /// A configuration as an object.
-class KVTConfiguration : public Wrapper<KVTConfiguration, Configuration> {
+class KVTConfiguration : public Wrapper<Configuration> {
 public:
     static constexpr std::string_view objectName = "KVTConfiguration";
     using Wrapper::Wrapper;
+
+    /// Of what `encode` wrote; empty where that makes none.
+    static std::optional<KVTConfiguration> fromEncoded(const DocumentMap& encoded) {
+        return read<KVTConfiguration>(encoded);
+    }
 
     const Configuration& configuration() const { return *native(); }
 

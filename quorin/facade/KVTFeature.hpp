@@ -10,10 +10,13 @@
 namespace quorin {
 
 /// A feature switch as an object.
-class KVTFeature : public Wrapper<KVTFeature, Feature> {
+class KVTFeature : public Wrapper<Feature> {
 public:
     static constexpr std::string_view objectName = "KVTFeature";
     using Wrapper::Wrapper;
+
+    /// Of what `encode` wrote; empty where that makes none.
+    static std::optional<KVTFeature> fromEncoded(const DocumentMap& encoded) { return read<KVTFeature>(encoded); }
 
     const Feature& feature() const { return *native(); }
 

@@ -12,10 +12,13 @@
 namespace quorin {
 
 /// An endpoint as an object.
-class KVTWebService : public Wrapper<KVTWebService, WebService> {
+class KVTWebService : public Wrapper<WebService> {
 public:
     static constexpr std::string_view objectName = "KVTWebService";
     using Wrapper::Wrapper;
+
+    /// Of what `encode` wrote; empty where that makes none.
+    static std::optional<KVTWebService> fromEncoded(const DocumentMap& encoded) { return read<KVTWebService>(encoded); }
 
     const WebService& webService() const { return *native(); }
 

@@ -3,7 +3,8 @@
 #include "quorin/facade/KVTAnonymousBind.hpp"
 #include "quorin/facade/c/Call.hpp"
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::KVTAnonymousBind;
 
 quorin_status quorin_anonymous_bind_make(quorin_text profile_id, quorin_text profile_jwt,
                                          quorin_handle* anonymous_bind) {

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-using namespace quorin;
+namespace c = quorin::c;
 
 const char* quorin_status_name(quorin_status status) {
     static constexpr std::array names{

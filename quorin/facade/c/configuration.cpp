@@ -6,7 +6,11 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::KVTApplicationData;
+using quorin::KVTConfiguration;
+using quorin::KVTFeature;
+using quorin::MapOf;
 using Application = KVTApplicationData;
 
 template <class T>

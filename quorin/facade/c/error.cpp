@@ -7,8 +7,10 @@
 
 namespace {
 
-using namespace quorin;
-using rx::Error;
+namespace c = quorin::c;
+using quorin::Oops;
+using quorin::SkellError;
+using quorin::rx::Error;
 
 /// A member of the error, where it is an `E`.
 template <class E, class Member>

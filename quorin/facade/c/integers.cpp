@@ -7,7 +7,13 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::Brand;
+using quorin::ContentType;
+using quorin::HTTPMethod;
+using quorin::KVTBrand;
+using quorin::KVTContentType;
+using quorin::KVTHTTPMethod;
 
 /// The raw value of the integer's native value.
 template <class Facade, class Member>

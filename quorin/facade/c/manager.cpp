@@ -5,7 +5,15 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::ConfigurationManager;
+using quorin::KVTAnonymousBind;
+using quorin::KVTBrand;
+using quorin::KVTConfigurationManager;
+using quorin::MorrStandard;
+using quorin::Object;
+using quorin::Platform;
+using quorin::SwiftObservable;
 using Instance = ConfigurationManager::Instance;
 
 constexpr KVTConfigurationManager manager;
@@ -20,7 +28,7 @@ SwiftObservable load(const std::string& url, const std::string& device, KVTBrand
 }
 
 template <class T>
-quorin_status observer(rx::Observable<T> (Instance::*stream)() const, quorin_handle* observable) noexcept {
+quorin_status observer(quorin::rx::Observable<T> (Instance::*stream)() const, quorin_handle* observable) noexcept {
     return c::into(observable,
                    [&] { return c::put(SwiftObservable((manager.configurationManager().*stream)()), observable); });
 }
@@ -34,8 +42,8 @@ quorin_status quorin_install(quorin_text bundle_name, quorin_text bundle_version
         Platform platform =
             Platform::standard({.name = c::textOf(bundle_name), .shortVersion = c::textOf(bundle_version)});
         if (const auto path = c::textOf(store_path))
-            platform.store = std::make_shared<MorrStandard>(morr::Options{.path = *path});
-        return platform::install(platform) ? QUORIN_OK : QUORIN_REFUSED;
+            platform.store = std::make_shared<MorrStandard>(quorin::morr::Options{.path = *path});
+        return quorin::platform::install(platform) ? QUORIN_OK : QUORIN_REFUSED;
     });
 }
 

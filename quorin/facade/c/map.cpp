@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
 using c::Map;
 
 template <class Use>

@@ -10,7 +10,9 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::Object;
+using quorin::SwiftObservable;
 
 /// The functions of a host and what they are called with.
 class Host {
@@ -29,7 +31,7 @@ public:
         else
             lend(handlers_.value, *shown);
     }
-    void error(const rx::Error& error) const { lend(handlers_.error, Object(error)); }
+    void error(const quorin::rx::Error& error) const { lend(handlers_.error, Object(error)); }
     void completed() const {
         if (!isOver_ && handlers_.completed) handlers_.completed(user_);
     }
@@ -60,9 +62,9 @@ private:
 
 quorin_status subscribe(const SwiftObservable& stream, const std::shared_ptr<const Host>& host,
                         quorin_handle* subscription) {
-    const rx::Disposable started =
+    const quorin::rx::Disposable started =
         stream.subscribe([host](const Object& object) { host->value(object); },
-                         [host](const rx::Error& error) { host->error(error); }, [host] { host->completed(); });
+                         [host](const quorin::rx::Error& error) { host->error(error); }, [host] { host->completed(); });
     if (!subscription) return QUORIN_OK;
     const quorin_status status = c::guarded([&] { return c::put(Object(started), subscription); });
     if (status != QUORIN_OK) started.dispose();
@@ -87,7 +89,7 @@ quorin_status quorin_observable_subscribe(quorin_handle observable, const quorin
 }
 
 quorin_status quorin_subscription_dispose(quorin_handle subscription) {
-    return c::with<rx::Disposable>(subscription, [](const rx::Disposable& it) {
+    return c::with<quorin::rx::Disposable>(subscription, [](const quorin::rx::Disposable& it) {
         it.dispose();
         return QUORIN_OK;
     });
@@ -98,12 +100,12 @@ quorin_status quorin_observable_wait(quorin_handle observable, quorin_handle* va
     if (error) *error = QUORIN_NONE;
     if (!value || !error) return QUORIN_INVALID_ARGUMENT;
     return c::with<SwiftObservable>(observable, [&](const SwiftObservable& stream) -> quorin_status {
-        const auto result = rx::wait(stream.stream());
+        const auto result = quorin::rx::wait(stream.stream());
         if (result) {
             const auto shown = c::shown(*result);
             return shown ? c::put(*shown, value) : QUORIN_OK;
         }
-        if (result.error().as<rx::NoValue>()) return QUORIN_ABSENT;
+        if (result.error().as<quorin::rx::NoValue>()) return QUORIN_ABSENT;
         const quorin_status status = c::put(Object(result.error()), error);
         return status == QUORIN_OK ? QUORIN_FAILED : status;
     });

@@ -8,8 +8,11 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
 using c::HostParams;
+using quorin::KVTWebService;
+using quorin::Object;
+using quorin::StringMap;
 using Values = HostParams::Values;
 
 /// The pairs as a map, where the last of one name counts; empty where one of them is no text.
@@ -73,9 +76,9 @@ quorin_status quorin_web_service_configuration_guard(quorin_handle web_service, 
     return c::into(error, [&] {
         return c::with<HostParams>(params, [&](const HostParams& call) {
             return c::with<KVTWebService>(web_service, [&](const KVTWebService& service) -> quorin_status {
-                const auto refusal = service.webService().configurationGuard<skell::Response>(call);
+                const auto refusal = service.webService().configurationGuard<quorin::skell::Response>(call);
                 if (!refusal) return QUORIN_OK;
-                const quorin_status status = c::put(Object(rx::wait(*refusal).error()), error);
+                const quorin_status status = c::put(Object(quorin::rx::wait(*refusal).error()), error);
                 return status == QUORIN_OK ? QUORIN_FAILED : status;
             });
         });

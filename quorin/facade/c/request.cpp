@@ -9,10 +9,18 @@
 
 namespace {
 
-using namespace quorin;
+namespace c = quorin::c;
 using c::HostParams;
-using skell::RequestBody;
-using skell::RequestBodyType;
+using quorin::HTTPMethod;
+using quorin::KVTContentType;
+using quorin::KVTHTTPMethod;
+using quorin::KVTWebService;
+using quorin::Object;
+using quorin::Skell;
+using quorin::StringMap;
+using quorin::SwiftObservable;
+using quorin::skell::RequestBody;
+using quorin::skell::RequestBodyType;
 
 /// The body type of a media type, which has the same place in its enumeration.
 std::optional<RequestBodyType> bodyTypeOf(std::int32_t contentType) {

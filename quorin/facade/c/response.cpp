@@ -4,8 +4,8 @@
 #include "quorin/facade/c/Map.hpp"
 #include "quorin/platform/skell/Response.hpp"
 
-using namespace quorin;
-using skell::Response;
+namespace c = quorin::c;
+using quorin::skell::Response;
 
 quorin_status quorin_response_status(quorin_handle response, int32_t* status) {
     return c::answer<Response>(response, &Response::status, status);

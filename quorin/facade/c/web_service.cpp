@@ -4,7 +4,8 @@
 #include "quorin/facade/c/Call.hpp"
 #include "quorin/facade/c/Map.hpp"
 
-using namespace quorin;
+namespace c = quorin::c;
+using quorin::KVTWebService;
 
 quorin_status quorin_web_service_name(quorin_handle web_service, char* buffer, uint64_t capacity, uint64_t* size) {
     return c::text<KVTWebService>(web_service, &KVTWebService::name, {buffer, capacity, size});

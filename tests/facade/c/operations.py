@@ -19,7 +19,7 @@ OTHERWISE = {
 NEEDLESS = {"raw_value", "from_raw_value", "configuration_manager", "KVTConfigurationManager"}
 WRAPPED = {"configuration.configuration", "feature.feature", "web_service.web_service",
            "anonymous_bind.anonymous_bind", "application_data.application_data"}
-OF_EVERY_WRAPPER = {"encode", "from_encoded"}
+OF_EVERY_WRAPPER = {"encode"}
 
 # What the C interface has beyond the facade: handles, texts, maps and errors, streams, and requests.
 BEYOND = re.compile(r"(release|copy|install|text_read|map_\w+|error_\w+|observable_\w+|subscription_\w+|params_\w+"
