@@ -10,7 +10,8 @@ const KeyTable& AnonymousBind::keyTable() {
         field<&AnonymousBind::profileID>(Keys::profileID),
         field<&AnonymousBind::profileJWT>(Keys::profileJWT),
     };
-    static constexpr KeyTable keys = table::of<AnonymousBind>("AnonymousBind", rows);
+    static constexpr KeyTable keys =
+        table::of<AnonymousBind>("AnonymousBind", "A profile and the token that the profile service gave for it", rows);
     return keys;
 }
 

@@ -12,7 +12,8 @@ const KeyTable& AnalyticSuite::keyTable() {
         field<&AnalyticSuite::server>(Keys::server),       field<&AnalyticSuite::sfCode>(Keys::sfCode),
         field<&AnalyticSuite::timeout>(Keys::timeout),     field<&AnalyticSuite::enabled>(Keys::enabled),
     };
-    static constexpr KeyTable keys = table::of<AnalyticSuite>("AnalyticSuite", rows);
+    static constexpr KeyTable keys =
+        table::of<AnalyticSuite>("AnalyticSuite", "One analytics service of the app", rows);
     return keys;
 }
 

@@ -10,7 +10,8 @@ const KeyTable& AppVersion::keyTable() {
         field<&AppVersion::latest>(Keys::latest),
         field<&AppVersion::required>(Keys::required),
     };
-    static constexpr KeyTable keys = table::of<AppVersion>("AppVersion", rows);
+    static constexpr KeyTable keys =
+        table::of<AppVersion>("AppVersion", "The app versions that the brand knows of", rows);
     return keys;
 }
 

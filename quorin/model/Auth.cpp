@@ -15,7 +15,7 @@ const KeyTable& Auth::keyTable() {
         field<&Auth::preAuthChannels>(Keys::preAuthChannels),
         field<&Auth::promptLimit>(Keys::promptLimit),
     };
-    static constexpr KeyTable keys = table::of<Auth>("Auth", rows);
+    static constexpr KeyTable keys = table::of<Auth>("Auth", "Settings of sign-in and authorisation", rows);
     return keys;
 }
 

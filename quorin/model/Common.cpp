@@ -12,7 +12,7 @@ const KeyTable& Common::keyTable() {
         field<&Common::adChoices>(Keys::adChoices),
         field<&Common::privacyPolicy>(Keys::privacyPolicy),
     };
-    static constexpr KeyTable keys = table::of<Common>("Common", rows);
+    static constexpr KeyTable keys = table::of<Common>("Common", "Links to legal texts", rows);
     return keys;
 }
 

@@ -16,7 +16,7 @@ const KeyTable& Configuration::keyTable() {
         field<&Configuration::player>(Keys::videoPlayer),     field<&Configuration::profile>(Keys::profile),
         lenientField<&Configuration::layouts>(Keys::layouts),
     };
-    static constexpr KeyTable keys = table::of<Configuration>("Configuration", rows);
+    static constexpr KeyTable keys = table::of<Configuration>("Configuration", "The configuration of one brand", rows);
     return keys;
 }
 

@@ -20,7 +20,8 @@ const KeyTable& Initialize::keyTable() {
         field<&Initialize::compulsiveReward>(Keys::compulsiveReward),
         field<&Initialize::geoCacheDuration>(Keys::geoCacheDuration),
     };
-    static constexpr KeyTable keys = table::of<Initialize>("Initialize", rows);
+    static constexpr KeyTable keys =
+        table::of<Initialize>("Initialize", "Start-up and refresh settings of the app", rows);
     return keys;
 }
 

@@ -10,7 +10,7 @@ const KeyTable& Profile::keyTable() {
         field<&Profile::defaultAvatarId>(Keys::defaultAvatarId),
         field<&Profile::limit>(Keys::limit),
     };
-    static constexpr KeyTable keys = table::of<Profile>("Profile", rows);
+    static constexpr KeyTable keys = table::of<Profile>("Profile", "Settings of user profiles", rows);
     return keys;
 }
 

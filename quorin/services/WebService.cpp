@@ -15,7 +15,8 @@ const KeyTable& WebService::keyTable() {
             .inside(Keys::header, WebServiceHeaders::contentType)
             .orInitial(),
     };
-    static constexpr KeyTable keys = table::of<WebService>("WebService", rows);
+    static constexpr KeyTable keys =
+        table::of<WebService>("WebService", "One endpoint that the app may call; its URL may hold placeholders", rows);
     return keys;
 }
 

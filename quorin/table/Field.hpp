@@ -1,32 +1,15 @@
 #pragma once
 
 #include "quorin/table/Conversion.hpp"
+#include "quorin/table/HoldingOf.hpp"
+#include "quorin/table/Section.hpp"
 
-#include <concepts>
 #include <cstddef>
-#include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace quorin::table {
-
-template <class T>
-struct MemberOf;
-template <class Owner, class Type>
-struct MemberOf<Type Owner::*> {
-    using Record = Owner;
-    using Value = Type;
-    static constexpr bool optional = false;
-};
-template <class Owner, class Type>
-struct MemberOf<std::optional<Type> Owner::*> {
-    using Record = Owner;
-    using Value = Type;
-    static constexpr bool optional = true;
-};
 
 template <auto Member, class Converted>
 bool store(Converted converted, void* model) {
@@ -63,7 +46,7 @@ void writeFrom(const void* model, std::string_view key, Builder& into) {
 /// The row of a value that is written and never read back: the owner of the model sets it.
 template <auto Member>
 constexpr Row written(std::string_view key) {
-    return {.key = key, .write = &writeFrom<Member>};
+    return {.key = key, .holds = &holdingOf<Member>, .write = &writeFrom<Member>};
 }
 
 /// The row of one member: `field<&Ads::freeTime>(Keys::freeTime)`.
@@ -71,10 +54,7 @@ template <auto Member>
 constexpr Row field(std::string_view key) {
     using Of = MemberOf<decltype(Member)>;
 
-    Row row{.key = key,
-            .shape = Conversion<typename Of::Value>::shape,
-            .read = &readInto<Member>,
-            .write = &writeFrom<Member>};
+    Row row{.key = key, .holds = &holdingOf<Member>, .read = &readInto<Member>, .write = &writeFrom<Member>};
     row.required = !Of::optional;
     return row;
 }
@@ -84,6 +64,7 @@ template <auto Member>
 constexpr Row lenientField(std::string_view key) {
     Row row = field<Member>(key);
     row.read = &readLeniently<Member>;
+    row.lenient = true;
     return row;
 }
 
@@ -112,16 +93,22 @@ constexpr bool distinct(std::span<const Row> rows) {
     return true;
 }
 
+/// What a model is before anything is read, in the archived form.
+template <class Model>
+DocumentMap initial() {
+    return section::encode(Model());
+}
+
 /// Never defined: a call of it while a table is made is the compiler's message.
 void twoRowsShareAKeyOrAMember();
 
 /// The key table of a model, one row for every data member. A forgotten or a doubled row does not compile.
 /// A model whose members are private says how many it has.
 template <class Model, std::size_t members = memberCount<Model>(), std::size_t size>
-consteval KeyTable of(std::string_view name, const Row (&rows)[size]) {
+consteval KeyTable of(std::string_view name, std::string_view purpose, const Row (&rows)[size]) {
     static_assert(size == members, "every data member of the model needs one row");
     if (!distinct(rows)) twoRowsShareAKeyOrAMember();
-    return {name, rows};
+    return {name, purpose, rows, &initial<Model>};
 }
 
 }  // namespace quorin::table

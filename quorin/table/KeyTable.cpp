@@ -22,7 +22,7 @@ template <bool observed>
     Step step;
     if constexpr (observed) here = &at.member(step, key, role);
     const Node* const value = json::find(map, key);
-    if (!value) return role != Role::required || here->miss(row.shape);
+    if (!value) return role != Role::required || here->miss(row.holds->shape);
     return row.read(*value, model, *here) || role != Role::required;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quorin/table/Document.hpp"
+#include "quorin/table/Holding.hpp"
 #include "quorin/table/Reading.hpp"
 
 #include <cstdint>
@@ -22,8 +23,8 @@ struct Row {
     /// Which part of the model's object in the document gives the value.
     enum class Origin : std::uint8_t { member, whole, nowhere };
 
-    std::string_view key{};    ///< key of the archive, and of the document unless `outer` is set
-    std::string_view shape{};  ///< what the value must be, as reports name it
+    std::string_view key{};          ///< key of the archive, and of the document unless `outer` is set
+    const Holding* holds = nullptr;  ///< never null
     bool (*read)(const Node& value, void* model, const Reading& at) = nullptr;  ///< null: written, never read back
     void (*write)(const void* model, std::string_view key, json::Builder& into) = nullptr;
 
@@ -33,6 +34,7 @@ struct Row {
     bool takesName = false;
     bool required = false;
     bool defaulted = false;
+    bool lenient = false;  ///< document: a member of the map that is no object is left out alone
 
     /// The document keeps the value inside the object `around`, under `under`; the archive keeps it flat.
     constexpr Row inside(std::string_view around, std::string_view under) const {
@@ -74,7 +76,9 @@ struct Row {
 /// The rows of one model, in reading order.
 struct KeyTable {
     std::string_view name;
+    std::string_view purpose;  ///< what the section is for: one sentence without its full stop
     std::span<const Row> rows;
+    DocumentMap (*initial)();  ///< archived form of a model with its defaults and nothing else
 };
 
 /// Reads every row of `table` from the object `map` into `model`, which stands under `name` if it has one. False when a
