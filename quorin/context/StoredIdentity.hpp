@@ -27,9 +27,13 @@ struct StoredIdentity {
 /// Each of them read from the store by its key.
 namespace ConfigurationManagerUtils {
 
+/// The account identifier.
 std::optional<std::string> retrieveKOVA(const Platform& platform = platform::current());
+/// The domain for which the account's cookie is made.
 std::optional<std::string> retrieveDomain(const Platform& platform = platform::current());
+/// The TV provider that the user signed in with.
 std::optional<std::string> retrieveVEXOMVPD(const Platform& platform = platform::current());
+/// The token of the profile service: a secret.
 std::optional<std::string> retrieveProfileJWT(const Platform& platform = platform::current());
 
 /// Where the store has none, a new one, which is in the store then; for all processes that ask at once the same.

@@ -31,9 +31,11 @@ public:
     /// Built once, with `platform::current()`, and never destroyed.
     static Instance& sharedInstance();
 
+    /// What the load of the configuration was asked for.
     static std::optional<Brand> brand();
     static std::optional<std::string> device();
     static std::optional<std::string> version();
+
     static std::shared_ptr<const MapOf<WebService>> webServices();
     static std::shared_ptr<const std::vector<Group>> groups();
     static std::shared_ptr<const Common> common();
@@ -47,6 +49,7 @@ public:
     static std::shared_ptr<const ApplicationData> applicationData();
     static std::shared_ptr<const MapOf<Feature>> features();
 
+    /// The identity values, as `Instance` tells of each.
     static std::optional<std::string> kova();
     static std::optional<std::string> profileJWT();
     static std::string parentProfileID();

@@ -120,6 +120,7 @@ public:
     /// Nothing: a manager has nothing to undo. Hosts may call it at any time.
     void teardown() const {}
 
+    /// What it was made with, and the standard services in the place of what was left out.
     const Platform& platform() const { return platform_; }
 
 private:

@@ -34,9 +34,13 @@ concept RawRepresentable = requires(const T& value, std::string_view text) {
     { T::fromRawValue(text) } -> std::same_as<std::optional<T>>;
 };
 
-/// Whether `value` is an object, a list of objects, an object of objects; `at` is told of the first thing that is not.
+/// Whether `value` is an object; `at` is told when it is not.
 bool isObject(const Node& value, const Reading& at);
+
+/// Whether it is a list of objects; `at` is told of the first thing that is not.
 bool isListOfObjects(const Node& value, const Reading& at);
+
+/// Whether it is an object of objects; `at` is told of the first thing that is not.
 bool isMapOfObjects(const Node& value, const Reading& at);
 
 template <>

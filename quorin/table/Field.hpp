@@ -11,6 +11,7 @@
 
 namespace quorin::table {
 
+/// Takes what was read into the member. False, and the member stays, when nothing was.
 template <auto Member, class Converted>
 bool store(Converted converted, void* model) {
     if (!converted) return false;
@@ -18,17 +19,20 @@ bool store(Converted converted, void* model) {
     return true;
 }
 
+/// Reads the member, in the form of the reading.
 template <auto Member>
 bool readInto(const Node& value, void* model, const Reading& at) {
     return store<Member>(Conversion<typename MemberOf<decltype(Member)>::Value>::read(value, at), model);
 }
 
+/// As `readInto`, but a document may hold members of the map that are no objects.
 template <auto Member>
 bool readLeniently(const Node& value, void* model, const Reading& at) {
     using Map = Conversion<typename MemberOf<decltype(Member)>::Value>;
     return store<Member>(at.form() == Form::document ? Map::readLeniently(value, at) : Map::read(value, at), model);
 }
 
+/// Writes the member under `key`; nothing where it is absent.
 template <auto Member>
 void writeFrom(const void* model, std::string_view key, Builder& into) {
     using Of = MemberOf<decltype(Member)>;

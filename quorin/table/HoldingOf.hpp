@@ -70,6 +70,7 @@ struct SectionIn<MapOf<T>> {
     using Type = T;
 };
 
+/// How that section is read; null where there is none.
 template <class T>
 consteval auto sectionIn() -> const KeyTable& (*)() {
     if constexpr (Model<typename SectionIn<T>::Type>)

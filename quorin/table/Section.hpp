@@ -11,6 +11,7 @@
 /// its key table; the functions below follow that table.
 namespace quorin::section {
 
+/// Reads either form; the three functions below are it.
 template <class Model>
 std::optional<Model> read(const DocumentMap& map, table::Form form, ReadReport* report,
                           std::optional<std::string_view> name = {}) {
@@ -42,6 +43,7 @@ std::optional<Model> fromEncoded(const DocumentMap& encoded, ReadReport* report)
 /// The archived form; absent fields have no key.
 DocumentMap encode(const KeyTable& table, const void* model);
 
+/// The same, by the model's own table.
 template <class Model>
 DocumentMap encode(const Model& model) {
     return encode(Model::keyTable(), &model);

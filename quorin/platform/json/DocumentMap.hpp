@@ -42,7 +42,10 @@ public:
 
     friend bool operator==(const DocumentMap& left, const DocumentMap& right) { return left.value_ == right.value_; }
 
+    /// The bare node, for walks that need no share in the tree.
     const Node& node() const { return value_.node(); }
+
+    /// The same as an untyped value.
     const Value& value() const { return value_; }
 
 private:
@@ -52,6 +55,7 @@ private:
     Value value_;
 };
 
+/// Yields each member in document order. The map has to outlive it.
 class DocumentMap::Iterator {
 public:
     Iterator(const DocumentMap& map, std::size_t position) : map_(&map), position_(position) {}

@@ -24,7 +24,10 @@ public:
 
     friend bool operator==(const List& left, const List& right) { return left.value_ == right.value_; }
 
+    /// The bare node, for walks that need no share in the tree.
     const Node& node() const { return value_.node(); }
+
+    /// The same as an untyped value.
     const Value& value() const { return value_; }
 
 private:

@@ -24,7 +24,11 @@ public:
     ParseResult(ParseError error) : outcome_(std::move(error)) {}
 
     explicit operator bool() const { return value() != nullptr; }
+
+    /// Null when the text has none.
     const Value* value() const { return std::get_if<Value>(&outcome_); }
+
+    /// Null when the text has a value.
     const ParseError* error() const { return std::get_if<ParseError>(&outcome_); }
 
 private:

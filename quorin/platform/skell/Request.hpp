@@ -31,6 +31,7 @@ struct Request {
     /// How to send it; absent: `Transport::standard()` at the time of subscription.
     std::optional<Transport> transport{};
 
+    /// Requests with neither headers nor a body.
     static Request make(HTTPMethod method, std::string url);
     static Request CONNECT(std::string url) { return make(HTTPMethod::CONNECT, std::move(url)); }
     static Request DELETE(std::string url) { return make(HTTPMethod::DELETE, std::move(url)); }

@@ -19,6 +19,7 @@ struct HeaderField {
 /// What a server answered. Immutable and shared: a copy is one count, whatever the size of the body.
 class Response {
 public:
+    /// What a response is made of; a test of a host may make one of its own.
     struct Content {
         int status = 0;
         std::vector<HeaderField> headers{};
