@@ -1,110 +1,193 @@
 #include "Command.hpp"
 #include "Joined.hpp"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace quorin::tool {
 namespace {
 
-std::vector<std::string> flagsOf(const CLI::App& app) {
-    std::vector<std::string> flags;
-    for (const CLI::Option* const option : app.get_options()) {
-        for (const std::string& name : option->get_lnames()) flags.push_back("--" + name);
-    }
-    return flags;
-}
+using Texts = std::vector<std::string>;
 
-/// One row a command: the words that may follow it.
+struct Flag {
+    std::string name;     ///< without the dashes
+    bool takesValue;      ///< whether the next word is its value
+    std::string choices;  ///< the values that there are, where only some are
+};
+
+/// One row a command: what may follow it.
 struct Row {
     std::string parent;
     std::string path;
-    std::string words;
+    Texts words;  ///< commands, and what an argument may be where only some words may
+    std::vector<Flag> flags;
 
     std::string name() const { return path.substr(parent.empty() ? 0 : parent.size() + 1); }
 };
 
-void addRows(std::vector<Row>& rows, const CLI::App& app, const Row& row, const std::vector<std::string>& global) {
-    std::vector<std::string> words;
-    for (const CLI::App* const inner : commandsOf(app)) words.push_back(inner->get_name());
-    for (const std::string& own : flagsOf(app)) words.push_back(own);
-    if (!row.path.empty()) words.insert(words.end(), global.begin(), global.end());
-    rows.push_back({row.parent, row.path, joined(words, " ")});
+/// What stands in braces in the help of an option or argument.
+std::string choicesOf(const CLI::Option& option) {
+    const std::string type = option.get_type_name();
+    const auto open = type.find('{');
+    if (open == type.npos) return "";
+    std::string choices = type.substr(open + 1, type.find('}', open) - open - 1);
+    std::replace(choices.begin(), choices.end(), ',', ' ');
+    return choices;
+}
+
+Row rowOf(const CLI::App& app, const Row& around) {
+    Row row = around;
+    for (const CLI::App* const inner : commandsOf(app)) row.words.push_back(inner->get_name());
+    for (const CLI::Option* const option : app.get_options()) {
+        const std::string choices = choicesOf(*option);
+        for (const std::string& name : option->get_lnames())
+            row.flags.push_back({name, option->get_items_expected_max() > 0, choices});
+        if (option->get_positional() && !choices.empty()) row.words.push_back(choices);
+    }
+    return row;
+}
+
+void addRows(std::vector<Row>& rows, const CLI::App& app, const Row& around) {
+    rows.push_back(rowOf(app, around));
     for (const CLI::App* const inner : commandsOf(app)) {
         const std::string& name = inner->get_name();
-        addRows(rows, *inner, {row.path, row.path.empty() ? name : row.path + " " + name, ""}, global);
+        addRows(rows, *inner, {around.path, around.path.empty() ? name : around.path + " " + name, {}, {}});
     }
 }
 
-/// The pattern of the words that name a command, each after the path of the one around it.
-std::string commandPattern(const std::vector<Row>& rows) {
-    std::vector<std::string> patterns;
+/// The rows of the program and of all its commands, the program's first.
+std::vector<Row> rowsOf(const CLI::App& program) {
+    std::vector<Row> rows;
+    addRows(rows, program, {});
+    return rows;
+}
+
+/// The words that name a command, each after the path of the one around it.
+Texts commandPatterns(const std::vector<Row>& rows) {
+    Texts patterns;
     for (const Row& row : rows) {
         if (!row.path.empty()) patterns.push_back("'" + row.parent + ":" + row.name() + "'");
     }
-    return joined(patterns, "|");
+    return patterns;
 }
 
-std::string casesOf(const std::vector<Row>& rows) {
+/// The options after which a value stands, whatever the command.
+Texts valuedFlags(const std::vector<Row>& rows) {
+    Texts names;
+    for (const Row& row : rows) {
+        for (const Flag& flag : row.flags) {
+            if (flag.takesValue) names.push_back("--" + flag.name);
+        }
+    }
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
+/// What may follow each command: words, its own options, those of every command.
+std::string casesOfCommands(const std::vector<Row>& rows) {
     std::string cases;
-    for (const Row& row : rows) cases += "        '" + row.path + "') choices='" + row.words + "' ;;\n";
+    for (const Row& row : rows) {
+        Texts words = row.words;
+        for (const Flag& own : row.flags) words.push_back("--" + own.name);
+        for (const Flag& global : rows.front().flags) {
+            if (!row.path.empty() && global.name != "help") words.push_back("--" + global.name);
+        }
+        if (row.path.empty()) words.emplace_back("--version");
+        cases += "        '" + row.path + "') choices='" + joined(words, " ") + "' ;;\n";
+    }
     return cases;
+}
+
+std::string casesOfValues(const std::vector<Row>& rows) {
+    std::string cases;
+    for (const Row& row : rows) {
+        for (const Flag& flag : row.flags) {
+            const std::string line = "    --" + flag.name + ") choices='" + flag.choices + "' ;;\n";
+            if (!flag.choices.empty() && cases.find(line) == cases.npos) cases += line;
+        }
+    }
+    return cases;
+}
+
+/// Lines for bash and zsh that leave in `choices` what may follow `words`. bash makes a word of the = in --name=value.
+std::string choosing(const std::vector<Row>& rows, const std::string& words) {
+    const std::string valued = joined(valuedFlags(rows), "|");
+    return "    local word before='' at='' choices=''\n"
+           "    for word in "
+           + words + "; do\n"
+           "        [[ $word != '=' ]] || continue\n"
+           "        case $before in\n"
+           "        " + valued + ") before=''; continue ;;\n"
+           "        esac\n"
+           "        case $at:$word in\n"
+           "        " + joined(commandPatterns(rows), "|") + ") at=${at:+$at }$word ;;\n"
+           "        esac\n"
+           "        before=$word\n"
+           "    done\n"
+           "    case $before in\n"
+           + casesOfValues(rows) +
+           "    " + valued + ") ;;\n"
+           "    *) case $at in\n"
+           + casesOfCommands(rows) +
+           "        esac ;;\n"
+           "    esac\n";
 }
 
 std::string forBash(const std::vector<Row>& rows) {
     return "# Completion of quorin for bash.\n"
            "_quorin() {\n"
-           "    local word path='' choices='' current=${COMP_WORDS[COMP_CWORD]}\n"
-           "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
-           "        case $path:$word in\n"
-           "        "
-           + commandPattern(rows)
-           + ") path=${path:+$path }$word ;;\n"
-           "        esac\n"
-           "    done\n"
-           "    case $path in\n"
-           + casesOf(rows)
-           + "    esac\n"
-             "    mapfile -t COMPREPLY < <(compgen -W \"$choices\" -- \"$current\")\n"
-             "}\n"
-             "complete -o default -F _quorin quorin\n";
+           "    local current=${COMP_WORDS[COMP_CWORD]}\n"
+           "    [[ $current != '=' ]] || current=''\n"
+           + choosing(rows, "\"${COMP_WORDS[@]:1:COMP_CWORD-1}\"") +
+           "    mapfile -t COMPREPLY < <(compgen -W \"$choices\" -- \"$current\")\n"
+           "}\n"
+           "complete -o default -F _quorin quorin\n";
 }
 
 std::string forZsh(const std::vector<Row>& rows) {
     return "#compdef quorin\n"
            "_quorin() {\n"
-           "    local word command_path='' choices=''\n"
-           "    for word in ${words[2,CURRENT-1]}; do\n"
-           "        case $command_path:$word in\n"
-           "        "
-           + commandPattern(rows)
-           + ") command_path=${command_path:+$command_path }$word ;;\n"
-           "        esac\n"
-           "    done\n"
-           "    case $command_path in\n"
-           + casesOf(rows)
-           + "    esac\n"
-             "    compadd -- ${=choices}\n"
-             "    _files\n"
-             "}\n"
-             "compdef _quorin quorin\n";
+           + choosing(rows, "\"${(@)words[2,CURRENT-1]}\"") +
+           "    compadd -- ${=choices}\n"
+           "    _files\n"
+           "}\n"
+           "compdef _quorin quorin\n";
+}
+
+/// The function that tells whether the words before the cursor lead to a command.
+std::string fishCondition(const std::vector<Row>& rows) {
+    return "function __quorin_at\n"
+           "    set -l before ''\n"
+           "    set -l at ''\n"
+           "    for word in (commandline -opc)[2..-1]\n"
+           "        if contains -- \"$before\" "
+           + joined(valuedFlags(rows), " ") + "\n"
+           "            set before ''\n"
+           "            continue\n"
+           "        end\n"
+           "        switch \"$at:$word\"\n"
+           "            case " + joined(commandPatterns(rows), " ") + "\n"
+           "                set at (string trim \"$at $word\")\n"
+           "        end\n"
+           "        set before $word\n"
+           "    end\n"
+           "    test \"$at\" = \"$argv[1]\"\n"
+           "end\n";
 }
 
 std::string forFish(const std::vector<Row>& rows) {
-    std::string lines = "# Completion of quorin for fish.\n";
+    std::string lines = "# Completion of quorin for fish.\n" + fishCondition(rows);
     for (const Row& row : rows) {
-        std::string condition = "__fish_use_subcommand";
-        std::string word;
-        if (!row.path.empty()) {
-            condition.clear();
-            for (std::size_t at = 0; at < row.path.size(); at += word.size() + 1) {
-                word = row.path.substr(at, row.path.find(' ', at) - at);
-                condition += (condition.empty() ? "" : "; and ") + ("__fish_seen_subcommand_from " + word);
-            }
+        const std::string at = " -n '__quorin_at \"" + row.path + "\"'";
+        if (!row.words.empty()) lines += "complete -c quorin" + at + " -a '" + joined(row.words, " ") + "'\n";
+        for (const Flag& flag : row.flags) {
+            lines += "complete -c quorin" + (row.path.empty() ? "" : at) + " -l " + flag.name;
+            lines += !flag.choices.empty() ? " -x -a '" + flag.choices + "'\n" : flag.takesValue ? " -r\n" : "\n";
         }
-        lines += "complete -c quorin -n '" + condition + "' -a '" + row.words + "'\n";
     }
-    return lines;
+    return lines + "complete -c quorin -n '__quorin_at \"\"' -l version\n";
 }
 
 }  // namespace
@@ -116,8 +199,7 @@ void addCompletion(CLI::App& program, Action& chosen) {
     completion.add_option("SHELL", *shell, "The shell")->required()->check(oneOf({"bash", "zsh", "fish"}));
     completion.callback([&program, shell, &chosen] {
         chosen = [&program, shell](Session& session) -> Outcome {
-            std::vector<Row> rows;
-            addRows(rows, program, {}, flagsOf(program));
+            const std::vector<Row> rows = rowsOf(program);
             session.output.text(*shell == "bash" ? forBash(rows) : *shell == "zsh" ? forZsh(rows) : forFish(rows));
             return {};
         };

@@ -9,6 +9,8 @@ namespace {
 
 using Instance = ConfigurationManager::Instance;
 
+constexpr const char* revealMeaning = "Print the account identifier and the token unmasked";
+
 Outcome printAll(Session& session, bool reveal) {
     const Instance& manager = session.manager();
     session.output.json(json::DocumentMap{{"kova", shown(manager.kova(), reveal)},
@@ -74,7 +76,7 @@ void addIdentity(CLI::App& program, Action& chosen) {
         command(program, "identity", "Print the identity values, or change them", "quorin identity --reveal");
     identity.require_subcommand(0, 1);
     const auto reveal = std::make_shared<bool>(false);
-    CLI::Option& unmasked = flag(identity, "--reveal", *reveal, "Print the account identifier and the token unmasked");
+    CLI::Option& unmasked = flag(identity, "--reveal", *reveal, revealMeaning);
     addSet(identity, chosen);
     addUnset(identity, chosen);
     CLI::App& fresh =
@@ -86,6 +88,7 @@ void addIdentity(CLI::App& program, Action& chosen) {
     CLI::App& watching =
         command(identity, "watch", "Assign the values of the lines NAME VALUE, and print what observers see",
                 "quorin identity watch < assignments.txt");
+    flag(watching, "--reveal", *reveal, revealMeaning);
     watching.callback([=, &chosen] { chosen = [=](Session& session) { return watch(session, *reveal); }; });
     identity.callback([=, &identity, &chosen] {
         if (identity.get_subcommands().empty()) chosen = [=](Session& session) { return printAll(session, *reveal); };
