@@ -23,9 +23,10 @@ TEST(Host, NeedsNeitherRunTimeTypesNorExceptions) {
 
 TEST(StartupExample, LoadsTheSampleAndUsesIt) {
     const support::TemporaryFolder folder;
-    const std::string printed = support::outputOf(QUORIN_BINARY_DIR "/examples/startup/startup " QUORIN_SOURCE_DIR
-                                                                    "/examples/documents/family.json "
-                                                  + folder.file("store.db"));
+    const std::string printed =
+        support::outputOf(QUORIN_EMULATOR QUORIN_BINARY_DIR "/examples/startup/startup " QUORIN_SOURCE_DIR
+                                                            "/examples/documents/family.json "
+                          + folder.file("store.db"));
     EXPECT_NE(printed.find("5 features\n"), std::string::npos) << printed;
     EXPECT_NE(printed.find("search: GET https://search.vexo.example/v1/search\n"), std::string::npos) << printed;
     EXPECT_NE(printed.find("profile is now p-kids\n"), std::string::npos) << printed;
@@ -40,7 +41,8 @@ TEST(BindExample, SendsTheConfiguredRequestAndKeepsTheToken) {
         "method": "POST", "header": {"Content-Type": "application/json"}, "url": {"value": ")"
                                                             + server.url("/bind") + R"("}}}})");
     const std::string store = folder.file("store.db");
-    EXPECT_EQ(support::outputOf(QUORIN_BINARY_DIR "/examples/bind/bind " + document + " " + store), "p-1 is bound\n");
+    EXPECT_EQ(support::outputOf(QUORIN_EMULATOR QUORIN_BINARY_DIR "/examples/bind/bind " + document + " " + store),
+              "p-1 is bound\n");
     EXPECT_EQ(server.requests().at(0).method, "POST");
     EXPECT_EQ(server.requests().at(0).body.rfind("{\"profile\":\"p", 0), 0U);
     EXPECT_EQ(std::get<std::string>(*MorrStandard({.path = store}).get(PersistenceKeys::profileJWT)), "token");
@@ -61,8 +63,8 @@ struct SearchServer {
 TEST(CExample, LoadsObservesAndSends) {
     const SearchServer search;
     const support::TemporaryFolder folder;
-    EXPECT_EQ(support::outputOf(QUORIN_BINARY_DIR "/examples/c/observe " + search.server.url("/a.json") + " "
-                                + folder.file("store.db")),
+    EXPECT_EQ(support::outputOf(QUORIN_EMULATOR QUORIN_BINARY_DIR "/examples/c/observe " + search.server.url("/a.json")
+                                + " " + folder.file("store.db")),
               "the account is now account-7\nthe account was removed\n200: found /search?q=blue%20whale\n");
 }
 
