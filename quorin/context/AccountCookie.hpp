@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The account identifier as a cookie of `domain`: for its host alone, with the path of its URL, until the session
@@ -20,3 +22,5 @@ std::optional<foundation::HTTPCookie> accountCookie(const std::optional<std::str
 std::optional<foundation::HTTPCookie> accountCookieOf(const skell::Response& response);
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A profile and the token that the profile service gave for it. Both are required; either may be empty.
@@ -31,3 +33,5 @@ struct AnonymousBind {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

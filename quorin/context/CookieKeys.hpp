@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The names of cookies.
@@ -10,3 +12,5 @@ struct CookieKeys {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 /// The names of the default HTTP headers.
 namespace quorin::HeaderKeys {
 
@@ -12,3 +14,5 @@ inline constexpr std::string_view vexoMVPD = "VEXO-MVPD";
 inline constexpr std::string_view kova = "KOVA";
 
 }  // namespace quorin::HeaderKeys
+
+#pragma GCC visibility pop

@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 struct StoredIdentity;
@@ -91,3 +93,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

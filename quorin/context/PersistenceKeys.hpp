@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 /// The keys under which the identity values stand in the key-value store.
 namespace quorin::PersistenceKeys {
 
@@ -13,3 +15,5 @@ inline constexpr std::string_view childProfileID = "com.vexodigitalMedia.child.p
 inline constexpr std::string_view profileJWT = "com.vexodigitalMedia.profileJWT";
 
 }  // namespace quorin::PersistenceKeys
+
+#pragma GCC visibility pop

@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The services and facts of the machine and the app that the library works with. A host that names none gets
@@ -42,3 +44,5 @@ const Platform& current();
 
 }  // namespace platform
 }  // namespace quorin
+
+#pragma GCC visibility pop

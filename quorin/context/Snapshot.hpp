@@ -4,6 +4,8 @@
 #include <mutex>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The current one of a row of immutable values: read by copying a pointer, replaced whole. The lock is held for that
@@ -37,3 +39,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The identity values as the store holds them. One that is missing, or no text, is absent.
@@ -47,3 +49,5 @@ std::string generateParentProfileID(const Platform& platform = platform::current
 
 }  // namespace ConfigurationManagerUtils
 }  // namespace quorin
+
+#pragma GCC visibility pop

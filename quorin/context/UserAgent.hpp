@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::ConfigurationManagerUtils {
 
 /// The app's user agent: "Sample/2.4(iPhone9,1; cpu iOS 10_3_1 like mac os x; en_us) CFNetwork/15.5.0 Darwin/758.4.3".
@@ -18,3 +20,5 @@ std::string generateUserAgent(std::optional<std::string_view> existing = {},
 std::string appName(const Platform& platform = platform::current());
 
 }  // namespace quorin::ConfigurationManagerUtils
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 namespace ConfigurationManagerUtils {
@@ -25,3 +27,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Whose profile is bound to the token: `profileBind({.parent = true})`.
@@ -58,5 +60,7 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop
 
 #include "quorin/core/Instance.hpp"  // IWYU pragma: export

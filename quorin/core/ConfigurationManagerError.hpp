@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Named kinds of errors for hosts. The library's own operations end with an `Oops` record and never with one of these.
@@ -62,3 +64,5 @@ template <>
 struct std::hash<quorin::ConfigurationManagerError> {
     std::size_t operator()(quorin::ConfigurationManagerError error) const noexcept { return error.hashValue(); }
 };
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The state of a running app: the current configuration, in memory only, and the identity values. An app uses the one
@@ -132,3 +134,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

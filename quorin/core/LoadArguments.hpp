@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What a load stamps its configuration with: `{.deviceID = "D", .brand = Brand::orvel}`.
@@ -26,3 +28,5 @@ struct PathURL {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Advertising settings of the player, handed on as the document gives them: no unit and no default is applied.
@@ -37,3 +39,5 @@ struct Ads {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// One analytics service of the app.
@@ -40,3 +42,5 @@ struct AnalyticSuite {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

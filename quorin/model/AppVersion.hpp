@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The app versions that the brand knows of (document key "appversion").
@@ -28,3 +30,5 @@ struct AppVersion {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

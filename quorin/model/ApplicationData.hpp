@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What the app tells about itself (document key "application"). The document nests the two versions in an object
@@ -38,3 +40,5 @@ struct ApplicationData {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

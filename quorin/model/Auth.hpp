@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Settings of sign-in and authorisation (document key "auth").
@@ -39,3 +41,5 @@ struct Auth {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

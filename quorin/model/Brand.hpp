@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The branded app for which a configuration is loaded, with the codes by which other systems call it.
@@ -46,3 +48,5 @@ template <>
 struct std::hash<quorin::Brand> {
     std::size_t operator()(quorin::Brand brand) const noexcept { return brand.hashValue(); }
 };
+
+#pragma GCC visibility pop

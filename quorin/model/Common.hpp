@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Links to legal texts (document key "common").
@@ -32,3 +34,5 @@ struct Common {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

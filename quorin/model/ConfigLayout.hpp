@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// One layout of the app. Its `id` is the name under which it stands in the document, whatever its object holds.
@@ -38,3 +40,5 @@ struct ConfigLayout {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -20,6 +20,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The remote configuration of one brand: the root of the tree. Every section that the document does not hold, or holds
@@ -73,3 +75,5 @@ struct Configuration {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

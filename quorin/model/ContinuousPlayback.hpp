@@ -7,6 +7,8 @@
 #include <optional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Playing on to the next video of a playlist.
@@ -33,3 +35,5 @@ struct ContinuousPlayback {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A named feature switch. Nothing inside `params` is interpreted: in the document it is the feature's whole object.
@@ -31,3 +33,5 @@ struct Feature {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Start-up and refresh settings of the app (document key "init"), handed on as the document gives them: no unit and no
@@ -49,3 +51,5 @@ struct Initialize {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

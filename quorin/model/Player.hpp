@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Settings of the video player (document key "videoPlayer"), handed on as the document gives them.
@@ -46,3 +48,5 @@ struct Player {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Settings of user profiles (document key "profile").
@@ -28,3 +30,5 @@ struct Profile {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

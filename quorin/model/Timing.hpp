@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// When continuous playback sets in, for short-form and for long-form videos.
@@ -27,3 +29,5 @@ struct Timing {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 class APIParams;
@@ -58,3 +60,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

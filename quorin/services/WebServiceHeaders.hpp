@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 /// HTTP header names, which are also the members of a service's "header" object and keys of its archived form.
 namespace quorin::WebServiceHeaders {
 
@@ -9,3 +11,5 @@ inline constexpr std::string_view accept = "Accept";
 inline constexpr std::string_view contentType = "Content-Type";
 
 }  // namespace quorin::WebServiceHeaders
+
+#pragma GCC visibility pop

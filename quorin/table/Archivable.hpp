@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A value that is read from the server document. Empty when the object does not make one.
@@ -37,3 +39,5 @@ std::optional<std::vector<DocumentMap>> toEncodedArray(const std::vector<T>& val
 }
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 using json::DocumentMap;
@@ -20,3 +22,5 @@ using MapOf = std::map<std::string, T, std::less<>>;
 using StringMap = MapOf<std::string>;
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

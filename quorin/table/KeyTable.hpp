@@ -13,6 +13,8 @@ namespace quorin::json {
 class Builder;
 }
 
+#pragma GCC visibility push(default)
+
 namespace quorin::table {
 
 /// One field of a model: under which key it stands in each form and how it gets there.
@@ -94,3 +96,5 @@ void write(const KeyTable& table, const void* model, json::Builder& into);
 namespace quorin {
 using table::KeyTable;
 }
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What a value that was not taken cost its surroundings.
@@ -61,3 +63,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::table {
 
 using json::Node;
@@ -97,3 +99,5 @@ struct Step {
 };
 
 }  // namespace quorin::table
+
+#pragma GCC visibility pop

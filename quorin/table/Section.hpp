@@ -7,6 +7,8 @@
 #include <optional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 /// What every model of the configuration can do, told once. A model is a plain record: its members, their `Keys`, and
 /// its key table; the functions below follow that table.
 namespace quorin::section {
@@ -50,3 +52,5 @@ DocumentMap encode(const Model& model) {
 }
 
 }  // namespace quorin::section
+
+#pragma GCC visibility pop

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quorin/core/ConfigurationManager.hpp"
+#include "quorin/core/QuorinConfigManagerVersion.h"
 
 #include "Output.hpp"
 
@@ -15,7 +16,7 @@ namespace quorin::tool {
 struct GlobalOptions {
     std::optional<std::string> store{};
     std::string bundleName = "quorin";
-    std::string bundleVersion = QUORIN_VERSION;
+    std::string bundleVersion = QuorinConfigManagerVersionString;
     std::optional<std::string> deviceModel{};
     std::optional<std::string> systemName{};
     std::optional<std::string> systemVersion{};

@@ -1,3 +1,5 @@
+#include "quorin/core/QuorinConfigManagerVersion.h"
+
 #include "Arguments.hpp"
 #include "Command.hpp"
 
@@ -68,7 +70,7 @@ void addVersion(CLI::App& program, Action& chosen) {
     program.add_flag("--version")->required()->description("Print the program's version");
     program.callback([&chosen] {
         chosen = [](Session& session) -> Outcome {
-            session.output.line("quorin " QUORIN_VERSION);
+            session.output.line(std::string("quorin ") + QuorinConfigManagerVersionString);
             return {};
         };
     });

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// What the main bundle says about the app. An absent member does not stand in the bundle.
@@ -16,3 +18,5 @@ struct Bundle {
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

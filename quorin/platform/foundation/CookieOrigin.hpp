@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// What cookies go by of the URL that sets them or that they are sent to (RFC 6265 section 5.1).
@@ -28,3 +30,5 @@ struct CookieOrigin {
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

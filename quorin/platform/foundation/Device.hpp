@@ -2,6 +2,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// The machine that the process runs on.
@@ -20,3 +22,5 @@ struct Device {
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

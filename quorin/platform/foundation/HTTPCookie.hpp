@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// A cookie as a client holds it (RFC 6265 section 5.3). Its value is a secret: print it only where it is asked for.
@@ -43,3 +45,5 @@ struct HTTPCookie {
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

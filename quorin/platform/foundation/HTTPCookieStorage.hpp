@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// Cookies in memory, as a client keeps them between requests (RFC 6265 sections 5.3 and 5.4): at most 50 of a domain
@@ -51,3 +53,5 @@ private:
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

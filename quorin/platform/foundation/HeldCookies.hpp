@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::foundation {
 
 /// What a storage holds: finds cookies by their domain, and knows which were used longest ago and which give way (RFC
@@ -57,3 +59,5 @@ private:
 };
 
 }  // namespace quorin::foundation
+
+#pragma GCC visibility pop

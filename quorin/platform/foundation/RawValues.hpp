@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 /// Looking up an enumeration by its raw value. `Enumeration::rawValues` holds the texts in the order of the cases.
 namespace quorin::rawvalues {
 
@@ -48,3 +50,5 @@ constexpr std::optional<Enumeration> folded(std::string_view text) {
 }
 
 }  // namespace quorin::rawvalues
+
+#pragma GCC visibility pop

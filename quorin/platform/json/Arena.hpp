@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 class Arena;
@@ -95,3 +97,5 @@ inline ArenaPointer::~ArenaPointer() {
 }
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// A string-keyed map of untyped values: a JSON object, in document order. It is a `Value` known to be an object, so it
@@ -75,3 +77,5 @@ inline DocumentMap::Iterator DocumentMap::begin() const { return {*this, 0}; }
 inline DocumentMap::Iterator DocumentMap::end() const { return {*this, size()}; }
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 #include <span>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// A JSON array. It is a `Value` known to be a list, so it is as cheap to copy and as constant.
@@ -38,3 +40,5 @@ private:
 };
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// The kinds of a JSON value. Whole numbers are `integer` within signed 64 bits and `unsignedInteger` up to 2^64 - 1;
@@ -47,3 +49,5 @@ const Node* find(const Node& object, std::string_view name);
 bool equal(const Node& left, const Node& right);
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

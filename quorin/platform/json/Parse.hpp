@@ -8,6 +8,8 @@
 #include <string_view>
 #include <variant>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// Where and why a text is no JSON.
@@ -48,3 +50,5 @@ inline constexpr std::size_t parsePadding = 64;
 ParseResult parse(std::string_view text, std::size_t spare = 0);
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

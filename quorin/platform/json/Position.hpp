@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// A place in a text as editors show it: both count from 1, columns count characters.
@@ -24,3 +26,5 @@ Position positionOf(std::string_view text, std::size_t offset);
 std::vector<std::optional<Position>> positionsOf(std::string_view text, const std::vector<std::string>& pointers);
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

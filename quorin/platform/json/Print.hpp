@@ -4,6 +4,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::json {
 
 /// How a value is laid out: on one line without blanks, or indented by two blanks a level.
@@ -15,3 +17,5 @@ enum class Layout { compact, indented };
 std::string print(const Value& value, Layout layout = Layout::compact);
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop

@@ -11,6 +11,12 @@
 #include <string_view>
 
 namespace quorin::json {
+class Builder;
+}
+
+#pragma GCC visibility push(default)
+
+namespace quorin::json {
 
 class DocumentMap;
 class List;
@@ -72,6 +78,8 @@ private:
 };
 
 }  // namespace quorin::json
+
+#pragma GCC visibility pop
 
 #include "quorin/platform/json/DocumentMap.hpp"
 #include "quorin/platform/json/List.hpp"

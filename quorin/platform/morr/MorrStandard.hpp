@@ -10,11 +10,13 @@
 #include <string>
 #include <string_view>
 
-namespace quorin {
-
-namespace morr {
+namespace quorin::morr {
 class Store;
 }
+
+#pragma GCC visibility push(default)
+
+namespace quorin {
 
 /// The key-value store: one SQLite file that several processes may use at a time. The first use opens it. All
 /// operations may be called from any thread and never fail towards the caller: what cannot be kept in the file is kept
@@ -65,3 +67,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::morr {
 
 /// The path of a store that keeps nothing beyond its own life.
@@ -19,3 +21,5 @@ struct Options {
 };
 
 }  // namespace quorin::morr
+
+#pragma GCC visibility pop

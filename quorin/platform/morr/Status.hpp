@@ -2,6 +2,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::morr {
 
 /// How a store fares.
@@ -32,3 +34,5 @@ struct Status {
 };
 
 }  // namespace quorin::morr
+
+#pragma GCC visibility pop

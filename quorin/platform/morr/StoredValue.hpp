@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::morr {
 
 /// What stands under one key. Booleans are stored as the integers 0 and 1; a text is any bytes, NUL included.
@@ -21,3 +23,5 @@ using StoredValues = std::map<std::string, StoredValue, std::less<>>;
 bool isSame(const StoredValue& left, const StoredValue& right);
 
 }  // namespace quorin::morr
+
+#pragma GCC visibility pop

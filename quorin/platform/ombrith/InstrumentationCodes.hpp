@@ -2,6 +2,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The codes that an `Oops` record is made of. The numbers are this project's own and never change their meaning.
@@ -36,3 +38,5 @@ struct InstrumentationCodes {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The record that a failing stream of the library ends with: `Oops(component, element, errorCode, message)`.
@@ -29,3 +31,5 @@ struct Oops {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include <memory>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// An event that is kept for later, of a type that only its sender and its receivers know. A copy shares the event.
@@ -20,3 +22,5 @@ struct AnyEvent {
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -7,8 +7,12 @@
 #include <memory>
 
 namespace quorin::rx {
-
 class Subscription;
+}
+
+#pragma GCC visibility push(default)
+
+namespace quorin::rx {
 
 /// An observer without the type of its values; the code around it keeps to one type. It holds the subscription, which
 /// holds nothing of what is upstream, so that streams own one another in one direction.
@@ -36,3 +40,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// Delivers each event to all who were subscribed when it was sent and are still there, all in one order. The events
@@ -35,3 +37,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

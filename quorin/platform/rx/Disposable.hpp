@@ -3,6 +3,8 @@
 #include <functional>
 #include <memory>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A handle to something that can be ended early, above all a subscription. Copies end the same thing. Dropping a
@@ -28,3 +30,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// Without each value that is `equal` to the last one delivered to the same subscriber.
@@ -24,3 +26,5 @@ Observable<T> distinctUntilChanged(Observable<T> stream, Equal equal = {}) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

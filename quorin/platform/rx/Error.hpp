@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A type that can travel as the error of a stream: it has a name of its own and can put itself into words.
@@ -45,3 +47,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

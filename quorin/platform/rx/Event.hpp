@@ -6,6 +6,8 @@
 #include <utility>
 #include <variant>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// What a stream delivers: any number of values, then at most one end, which is an error or completion.
@@ -37,3 +39,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// One function for each kind of event; an empty one passes over its kind.
@@ -25,3 +27,5 @@ struct Handlers {
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A stream of this one value.
@@ -26,3 +28,5 @@ Observable<T> error(Error error) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <type_traits>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// What a stream carries that is mapped to this type: the value, also out of a Result.
@@ -46,3 +48,5 @@ auto map(Observable<T> stream, Function function) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

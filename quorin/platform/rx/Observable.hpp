@@ -9,6 +9,8 @@
 #include <memory>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A stream of values that may end, once, with completion or with an error. It is cold: each subscription runs the
@@ -44,3 +46,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

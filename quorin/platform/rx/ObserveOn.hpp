@@ -7,6 +7,8 @@
 #include <memory>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// The host's way to run a task, at once or later, on a thread of its choice. It runs every task, and each once.
@@ -26,3 +28,5 @@ Observable<T> observeOn(Observable<T> stream, Executor executor) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// What the source of a stream delivers into, on any thread, but one event at a time. Copies reach the same subscriber.
@@ -33,3 +35,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

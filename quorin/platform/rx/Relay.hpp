@@ -6,6 +6,8 @@
 #include <deque>
 #include <mutex>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// The events on their way through an executor. Each task stands for one delivery; which event that is, is decided by
@@ -29,3 +31,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <utility>
 #include <variant>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A value or the Error that stands in its place.
@@ -41,3 +43,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

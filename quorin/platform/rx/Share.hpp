@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// One subscription upstream for all subscribers at a time: the first connects, the last to leave disconnects. Nothing
@@ -19,3 +21,5 @@ Observable<T> share(Observable<T> stream) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <memory>
 #include <mutex>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// The subscribers of a shared stream and their one subscription upstream, the connection, while there are any.
@@ -32,3 +34,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// A cell whose value can be read, assigned and followed, on any thread. Its destruction completes its streams.
@@ -40,3 +42,5 @@ private:
 };
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

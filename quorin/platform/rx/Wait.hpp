@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::rx {
 
 /// The error of waiting for a stream that completed and had no value.
@@ -45,3 +47,5 @@ Result<T> wait(const Observable<T>& stream) {
 }
 
 }  // namespace quorin::rx
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The methods of the request library, in its order.
@@ -34,3 +36,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// The failure of kind `status` that a response outside 200-299 is; empty for one within.
@@ -28,3 +30,5 @@ rx::Observable<json::DocumentMap> json(rx::Observable<Response> responses);
 rx::Observable<json::List> jsonArray(rx::Observable<Response> responses);
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

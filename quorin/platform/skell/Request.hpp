@@ -12,6 +12,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// A request to be made: a plain record that may be made any number of times.
@@ -58,3 +60,5 @@ struct Request {
 };
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// What a request sends: a map written as JSON, XML or a form, or a host's own bytes. It never changes and is written
@@ -44,3 +46,5 @@ private:
 };
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

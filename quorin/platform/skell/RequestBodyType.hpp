@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// How the content of a request's body is written.
@@ -23,3 +25,5 @@ private:
 };
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// One line of a header section.
@@ -53,3 +55,5 @@ private:
 };
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

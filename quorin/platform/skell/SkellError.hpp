@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// Why a request yielded no response, or a response not what was asked of it.
@@ -58,3 +60,5 @@ SkellError failure(SkellError::Kind kind, std::string_view url, std::string_view
 
 }  // namespace skell
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::skell {
 
 /// How requests travel. The times must be above zero; a request with others fails with `invalidRequest`.
@@ -35,3 +37,5 @@ struct Transport {
 };
 
 }  // namespace quorin::skell
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What a host says of one call of a service. A type of its own overrides what it needs; by default everything is
@@ -40,3 +42,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What `Skell::build` makes a request of, where there is no service to name it.
@@ -20,3 +22,5 @@ struct BuildArguments {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

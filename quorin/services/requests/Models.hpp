@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What a stream ends with whose JSON object makes no model.
@@ -40,3 +42,5 @@ rx::Observable<std::vector<Model>> models(rx::Observable<skell::Response> respon
 }
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

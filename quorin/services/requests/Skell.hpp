@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A request to one of the app's services: `Skell::build(params, service).response()`. A plain record that can be
@@ -40,3 +42,5 @@ struct Skell : skell::Request {
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

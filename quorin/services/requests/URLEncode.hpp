@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::ConfigurationManagerUtils {
 
 /// The pairs as a query: "key=value" joined with "&", in byte order of the keys. Percent-escaped are blank, text beyond
@@ -13,3 +15,5 @@ namespace quorin::ConfigurationManagerUtils {
 std::optional<std::string> urlEncode(const std::optional<StringMap>& params);
 
 }  // namespace quorin::ConfigurationManagerUtils
+
+#pragma GCC visibility pop
