@@ -47,7 +47,7 @@ endif()
 set(exports ${PROJECT_SOURCE_DIR}/cmake/QuorinConfigManager.map)
 set_target_properties(quorin_shared PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${quorin_soversion}
                                                LINK_DEPENDS ${exports})
-target_link_options(quorin_shared PRIVATE -Wl,--version-script=${exports} -Wl,--no-undefined -Wl,--as-needed)
+target_link_options(quorin_shared PRIVATE -Wl,--version-script=${exports} -Wl,--as-needed)
 
 # What hosts link to: the static library, unless they say otherwise as usual. Our own programs use what the shared one
 # hides, and link to the static one by its name.

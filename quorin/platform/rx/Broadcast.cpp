@@ -31,7 +31,7 @@ struct Call {
 }  // namespace
 
 /// Everything that is released here is released without the lock, for values and handlers may call back in.
-struct [[gnu::visibility("hidden")]] Broadcast::State : std::enable_shared_from_this<State> {
+struct Broadcast::State : std::enable_shared_from_this<State> {
     using Lock = std::unique_lock<std::mutex>;
 
     std::mutex mutex{};
