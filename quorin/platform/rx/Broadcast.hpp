@@ -32,7 +32,7 @@ public:
     std::shared_ptr<const void> last() const;
 
 private:
-    struct State;
+    struct [[gnu::visibility("hidden")]] State;  // its functions stay inside the library
     std::shared_ptr<State> state_;
 };
 
