@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A profile and its token as an object.
@@ -32,3 +34,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

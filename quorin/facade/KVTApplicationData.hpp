@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What the app tells about itself, as an object.
@@ -31,3 +33,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

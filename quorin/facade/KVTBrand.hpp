@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The brands as integers. Hosts know six of them.
@@ -31,3 +33,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A configuration as an object.
@@ -37,3 +39,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

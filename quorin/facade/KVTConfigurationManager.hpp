@@ -9,6 +9,8 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The manager for hosts that know objects, texts and integers alone. It holds nothing but a reference, so any number
@@ -62,3 +64,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

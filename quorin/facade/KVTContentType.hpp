@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// The media types as integers.
@@ -31,3 +33,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

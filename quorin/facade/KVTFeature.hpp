@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A feature switch as an object.
@@ -25,3 +27,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// An endpoint as an object.
@@ -34,3 +36,5 @@ public:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// What the wrappers of native values have in common: each refers to one value that never changes, and copies of a
@@ -37,3 +39,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

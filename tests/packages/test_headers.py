@@ -23,7 +23,7 @@ class Headers(unittest.TestCase):
             self.assertNotIn("quorin/" + header, public_headers())
 
     def test_include_only_each_other_and_the_standard_library(self):
-        standard = re.compile(r"<([a-z_]+|std(bool|def|int)\.h)>")
+        standard = re.compile(r"<([a-z_]+|(string|std(bool|def|int))\.h)>")
         allowed = {f'"{header}"' for header in public_headers()}
         others = [(header, name) for header in public_headers() for name in includes(header)
                   if name not in allowed and not standard.fullmatch(name)]

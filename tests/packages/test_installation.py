@@ -7,7 +7,7 @@ from packages import (as_subdirectory, consumer, document, fresh, installed, lib
                       version)
 
 printed = f"""C++: {version}, {minor_version}
-C: {version}, {minor_version}
+C: {version}, {minor_version}, QUORIN_ABSENT
 brand: orvel
 request: POST https://api.vexo.example/v3/session
 KOVA: account

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A type that says itself by what name its objects are known, and so is the same one to every compiler.
@@ -43,3 +45,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop

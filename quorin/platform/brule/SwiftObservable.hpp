@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace quorin {
 
 /// A holder of a stream of any type, through which a host follows it that knows objects alone. A copy holds the same
@@ -34,3 +36,5 @@ private:
 };
 
 }  // namespace quorin
+
+#pragma GCC visibility pop
