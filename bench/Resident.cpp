@@ -15,17 +15,15 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The pages that no other process has, in KiB; absent where the kernel does not tell.
+/// The pages that the process has written and shares with no other, in KiB; absent where the kernel does not tell.
+/// Clean ones are left out: whether they are shared depends on what else the machine runs.
 std::optional<long> privateMemory() {
     std::ifstream rollup("/proc/self/smaps_rollup");
-    std::optional<long> sum;
     for (std::string name; rollup >> name;) {
-        if (name != "Private_Clean:"sv && name != "Private_Dirty:"sv) continue;
         long size = 0;
-        rollup >> size;
-        sum = sum.value_or(0) + size;
+        if (name == "Private_Dirty:"sv && rollup >> size) return size;
     }
-    return sum;
+    return std::nullopt;
 }
 
 }  // namespace

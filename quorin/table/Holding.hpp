@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace quorin::table {
 
 struct KeyTable;
@@ -20,3 +22,5 @@ struct Holding {
 };
 
 }  // namespace quorin::table
+
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 // The samples of docs/guide.md. The document quotes lines of this file; a test fails when it quotes what is not here.
 #include "quorin/core/ConfigurationManager.hpp"
+#include "quorin/facade/KVTConfigurationManager.hpp"
 #include "quorin/platform/ombrith/Oops.hpp"
 #include "quorin/platform/rx/ObserveOn.hpp"
 #include "quorin/platform/rx/Wait.hpp"
@@ -13,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <latch>
 #include <memory>
 #include <optional>
 #include <string>
@@ -211,6 +213,21 @@ TEST(Guide, LearnsWhatADocumentHeldThatWasNotTaken) {
 
     EXPECT_TRUE(loaded);
     EXPECT_EQ(lines, "/auth/initTimeout: string in place of integer, line 2");
+}
+
+TEST(Guide, LoadsForAHostThatKnowsObjects) {
+    const FaultServer server({{"/config.json", answer(200, "{}")}});
+    ConfigurationManager::Instance manager(testPlatform());
+    const std::string url = server.url("/config.json");
+    std::string shown;
+    std::latch ended(1);
+    const KVTConfigurationManager facade(manager);
+    facade.initialize(url, "living-room", KVTBrand::pellow)
+        ->subscribe([&shown](const Object& loaded) { shown = *loaded.as<KVTConfiguration>()->device(); },
+                    [&shown](const rx::Error& error) { shown = error.description(); },
+                    [&ended] { ended.count_down(); });
+    ended.wait();
+    EXPECT_EQ(shown, "living-room");
 }
 
 }  // namespace
