@@ -29,10 +29,12 @@ static void accountChanged(void* user, quorin_handle value) {
 /* The configuration that was loaded is the manager's from now on. */
 static void load(const char* url) {
     quorin_handle loading, configuration, error;
+    quorin_status status;
     expect(quorin_manager_initialize(quorin_text_of(url), quorin_text_of("device-1"), QUORIN_BRAND_ORVEL,
                                      quorin_text_of(NULL), &loading),
            "initialize", QUORIN_NONE);
-    expect(quorin_observable_wait(loading, &configuration, &error), "load", error);
+    status = quorin_observable_wait(loading, &configuration, &error);
+    expect(status, "load", error);
     quorin_release(configuration);
     quorin_release(loading);
 }
@@ -66,16 +68,19 @@ static void search(const char* words) {
     const quorin_handle service = serviceOf("search");
     const quorin_pair query = {quorin_text_of("q"), quorin_text_of(words)};
     quorin_handle params, request, sending, response, error;
+    quorin_status result;
     int32_t status;
     char body[1024];
 
     expect(quorin_params_make(&params), "params", QUORIN_NONE);
     expect(quorin_params_set_query_parameters(params, &query, 1), "query", QUORIN_NONE);
     expect(quorin_params_set_has_valid_params(params, 1), "params", QUORIN_NONE);
-    expect(quorin_web_service_configuration_guard(service, params, &error), "guard", error);
+    result = quorin_web_service_configuration_guard(service, params, &error);
+    expect(result, "guard", error);
     expect(quorin_request_build(params, service, &request), "build", QUORIN_NONE);
     expect(quorin_request_send(request, &sending), "send", QUORIN_NONE);
-    expect(quorin_observable_wait(sending, &response, &error), "response", error);
+    result = quorin_observable_wait(sending, &response, &error);
+    expect(result, "response", error);
     expect(quorin_response_status(response, &status), "status", QUORIN_NONE);
     expect(quorin_response_body(response, body, sizeof body, NULL), "body", QUORIN_NONE);
     printf("%d: %s\n", (int)status, body);

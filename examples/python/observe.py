@@ -10,7 +10,7 @@ import ctypes
 import json
 import sys
 
-OK, ABSENT, FAILED = 0, 1, 2
+OK = 0
 BRAND_ORVEL = 0
 Handle = ctypes.c_uint64
 
@@ -39,6 +39,17 @@ class Failure(Exception):
     pass
 
 
+class Object:
+    """An object of the library, released when nobody refers to it any more."""
+
+    def __init__(self, library):
+        self.library = library
+        self.handle = Handle()
+
+    def __del__(self):
+        self.library.quorin_release(self.handle)
+
+
 class Library:
     """The functions of the library, each told by its name without the prefix `quorin_`."""
 
@@ -48,19 +59,20 @@ class Library:
 
     def call(self, name, *arguments):
         """Calls a function; what it yields besides OK is an exception."""
-        status = getattr(self.library, "quorin_" + name)(*arguments)
+        passed = [argument.handle if isinstance(argument, Object) else argument for argument in arguments]
+        status = getattr(self.library, "quorin_" + name)(*passed)
         if status != OK:
             raise Failure(f"{name}: {self.library.quorin_status_name(status).decode()}")
 
-    def handle(self, name, *arguments):
+    def object(self, name, *arguments):
         """The object that a function yields in its last argument."""
-        handle = Handle()
-        self.call(name, *arguments, ctypes.byref(handle))
-        return handle
+        made = Object(self.library)
+        self.call(name, *arguments, ctypes.byref(made.handle))
+        return made
 
-    def integer(self, name, handle):
-        number = ctypes.c_int32()
-        self.call(name, handle, ctypes.byref(number))
+    def number(self, kind, name, *arguments):
+        number = kind()
+        self.call(name, *arguments, ctypes.byref(number))
         return number.value
 
     def text(self, name, *arguments):
@@ -73,10 +85,11 @@ class Library:
 
     def wait(self, stream):
         """The one result of a stream."""
-        value, error = Handle(), Handle()
-        status = self.library.quorin_observable_wait(stream, ctypes.byref(value), ctypes.byref(error))
-        if status == FAILED:
-            raise Failure(self.text("error_description", error))
+        value, error = Object(self.library), Object(self.library)
+        try:
+            self.call("observable_wait", stream, ctypes.byref(value.handle), ctypes.byref(error.handle))
+        except Failure as failure:
+            raise Failure(self.text("error_description", error) if error.handle else failure) from None
         return value
 
 
@@ -88,32 +101,38 @@ def observe(quorin):
 
     # the functions are kept as long as the library may call them
     handlers = Handlers(ValueHandler(account), ValueHandler(), EndHandler(), EndHandler())
-    stream = quorin.handle("manager_kova_observer")
-    subscription = quorin.handle("observable_subscribe", stream, ctypes.byref(handlers), None)
-    quorin.call("manager_set_kova", Text("account-7"))
-    quorin.call("manager_set_kova", Text())
-    quorin.call("subscription_dispose", subscription)
+    stream = quorin.object("manager_kova_observer")
+    subscription = quorin.object("observable_subscribe", stream, ctypes.byref(handlers), None)
+    try:
+        quorin.call("manager_set_kova", Text("account-7"))
+        quorin.call("manager_set_kova", Text())
+    finally:
+        quorin.call("subscription_dispose", subscription)
     print("accounts:", json.dumps(seen))
 
 
 def search(quorin, configuration, words):
-    services = quorin.handle("configuration_web_services", configuration)
-    position = quorin.handle("map_find", services, Text("search"))
-    service = quorin.handle("map_object", services, position)
-    params = quorin.handle("params_make")
+    services = quorin.object("configuration_web_services", configuration)
+    position = quorin.number(ctypes.c_uint64, "map_find", services, Text("search"))
+    service = quorin.object("map_object", services, ctypes.c_uint64(position))
+    params = quorin.object("params_make")
     query = Pair(Text("q"), Text(words))
-    quorin.call("params_set_query_parameters", params, ctypes.byref(query), Handle(1))
+    quorin.call("params_set_query_parameters", params, ctypes.byref(query), ctypes.c_uint64(1))
     quorin.call("params_set_has_valid_params", params, 1)
-    request = quorin.handle("request_build", params, service)
-    response = quorin.wait(quorin.handle("request_send", request))
-    print(f"{quorin.integer('response_status', response)}: {quorin.text('response_body', response)}")
+    request = quorin.object("request_build", params, service)
+    response = quorin.wait(quorin.object("request_send", request))
+    status = quorin.number(ctypes.c_int32, "response_status", response)
+    print(f"{status}: {quorin.text('response_body', response)}")
 
 
 def main(library, url, store):
     quorin = Library(library)
     quorin.call("install", Text("Sample"), Text("2.4"), Text(store))
-    load = quorin.handle("manager_initialize", Text(url), Text("device-1"), BRAND_ORVEL, Text())
-    configuration = quorin.wait(load)
+    load = quorin.object("manager_initialize", Text(url), Text("device-1"), BRAND_ORVEL, Text())
+    try:
+        configuration = quorin.wait(load)
+    except Failure as failure:
+        sys.exit(f"no configuration: {failure}")
     print("device:", quorin.text("configuration_device", configuration))
     observe(quorin)
     search(quorin, configuration, "blue whale")

@@ -6,6 +6,7 @@
 #include "quorin/facade/KVTConfiguration.hpp"
 #include "quorin/platform/brule/SwiftObservable.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -35,6 +36,9 @@ public:
     std::optional<SwiftObservable> initialize(const std::string& url, const std::string& deviceID,
                                               const std::string& version) const;
     std::optional<SwiftObservable> initialize(const std::string& url, const std::string& deviceID) const;
+
+    std::optional<SwiftObservable> initialize(const std::string& url, const std::string& deviceID,
+                                              std::nullptr_t) const = delete;  // nor 0, which is no brand
 
     /// Empty before the first load has succeeded.
     std::optional<KVTConfiguration> configuration() const;

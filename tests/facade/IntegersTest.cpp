@@ -10,7 +10,7 @@
 namespace quorin {
 namespace {
 
-TEST(KVTBrand, HasTheIntegersOfTheContract) {
+TEST(KVTBrand, HasFixedIntegers) {
     EXPECT_EQ(KVTBrand(KVTBrand::undefined).rawValue(), -1);
     EXPECT_EQ(KVTBrand(Brand::orvel).rawValue(), 0);
     EXPECT_EQ(KVTBrand(Brand::caldor).rawValue(), 1);

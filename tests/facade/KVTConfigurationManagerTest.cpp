@@ -80,7 +80,8 @@ TEST_F(Facade, FailsWithTheErrorAsItIs) {
     const auto loaded = load(facade_.initialize(server_.url("/broken"), "D"));
     const auto native = rx::wait(manager_.initialize(server_.url("/broken"), LoadArguments{.deviceID = "D"}));
     ASSERT_FALSE(loaded);
-    EXPECT_EQ(loaded.error().description(), native.error().description());
+    ASSERT_TRUE(loaded.error().as<SkellError>());
+    EXPECT_EQ(*loaded.error().as<SkellError>(), *native.error().as<SkellError>());
     EXPECT_FALSE(facade_.configured());
 }
 

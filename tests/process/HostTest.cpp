@@ -68,7 +68,29 @@ TEST(CExample, LoadsObservesAndSends) {
               "the account is now account-7\nthe account was removed\n200: found /search?q=blue%20whale\n");
 }
 
+TEST(CExample, SaysWhyItCannotLoad) {
+    const support::FaultServer server({{"/a.json", support::answer(503, "{}")}});
+    const support::TemporaryFolder folder;
+    const std::string printed =
+        support::outputOf(QUORIN_EMULATOR QUORIN_BINARY_DIR "/examples/c/observe " + server.url("/a.json") + " "
+                          + folder.file("store.db") + " 2>&1 || echo status $?");
+    EXPECT_EQ(printed.rfind("load: QUORIN_FAILED ", 0), 0U) << printed;
+    EXPECT_NE(printed.find("503"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\nstatus 1\n"), std::string::npos) << printed;
+}
+
 #ifdef QUORIN_SHARED_LIBRARY
+TEST(PythonExample, SaysWhyItCannotLoad) {
+    const support::FaultServer server({{"/a.json", support::answer(503, "{}")}});
+    const support::TemporaryFolder folder;
+    const std::string printed =
+        support::outputOf("python3 -B " QUORIN_SOURCE_DIR "/examples/python/observe.py " QUORIN_SHARED_LIBRARY " "
+                          + server.url("/a.json") + " " + folder.file("store.db") + " 2>&1 || echo status $?");
+    EXPECT_EQ(printed.rfind("no configuration: ", 0), 0U) << printed;
+    EXPECT_NE(printed.find("503"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\nstatus 1\n"), std::string::npos) << printed;
+}
+
 TEST(PythonExample, LoadsObservesAndSends) {
     const SearchServer search;
     const support::TemporaryFolder folder;

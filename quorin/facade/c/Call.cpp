@@ -32,6 +32,16 @@ quorin_status put(std::string_view text, Buffer buffer) {
 
 quorin_status put(const DocumentMap& map, Buffer buffer) { return put(json::print(map), buffer); }
 
+void clear(Buffer buffer) noexcept {
+    if (buffer.size) *buffer.size = 0;
+    if (buffer.data && buffer.capacity > 0) *buffer.data = '\0';
+}
+
+quorin_status failed(const rx::Error& error, quorin_handle* place) {
+    put(Object(error), place);
+    return QUORIN_FAILED;
+}
+
 quorin_status put(std::int32_t number, std::int32_t* place) {
     *place = number;
     return QUORIN_OK;

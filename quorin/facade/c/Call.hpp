@@ -2,6 +2,7 @@
 
 #include "quorin/facade/c/Handles.hpp"
 #include "quorin/facade/c/base.h"
+#include "quorin/platform/rx/Error.hpp"
 #include "quorin/table/Document.hpp"
 
 #include <cstdint>
@@ -49,6 +50,9 @@ quorin_status put(const DocumentMap& map, Buffer buffer);
 quorin_status put(std::int32_t number, std::int32_t* place);
 quorin_status put(Object object, quorin_handle* place);
 
+/// The error where a host wants it, and the status that goes with it.
+quorin_status failed(const rx::Error& error, quorin_handle* place);
+
 template <NamedObject T>
 quorin_status put(const T& value, quorin_handle* place) {
     return put(Object(value), place);
@@ -78,9 +82,13 @@ quorin_status changed(quorin_handle handle, Change change) noexcept {
     });
 }
 
+/// Leaves an empty text, whatever comes of what follows.
+void clear(Buffer buffer) noexcept;
+
 /// A text of the object: what the member function yields, which may be no text.
 template <class T, class Member>
 quorin_status text(quorin_handle handle, Member member, Buffer buffer) noexcept {
+    clear(buffer);
     return with<T>(handle, [&](const T& object) { return put(std::invoke(member, object), buffer); });
 }
 

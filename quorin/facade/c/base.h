@@ -9,7 +9,8 @@
 extern "C" {
 #endif
 
-/// What every function yields. Whatever it is, the process goes on and nothing is left behind.
+/// What every function yields. Whatever it is, nothing is left behind, and what the function was to yield is 0 or the
+/// empty text unless it is QUORIN_OK.
 typedef int32_t quorin_status;
 enum {
     QUORIN_OK = 0,
@@ -19,7 +20,7 @@ enum {
     QUORIN_INVALID_ARGUMENT = 4,  ///< a null pointer, an integer out of range, or a text that is not the JSON asked for
     QUORIN_TOO_SMALL = 5,         ///< the text does not fit into the buffer
     QUORIN_NO_MEMORY = 6,
-    QUORIN_REFUSED = 7  ///< too late: the library is in use
+    QUORIN_REFUSED = 7  ///< not now: installing where the library is in use, waiting inside a handler
 };
 
 /// The name of a status, such as "QUORIN_ABSENT"; "unknown" for any other integer. Never null, never to be freed.
@@ -27,7 +28,7 @@ const char* quorin_status_name(quorin_status status);
 
 /// An object of the library: a number that is never used again after its release. Each handle that a function gives is
 /// the caller's and is released once, by `quorin_release`; the object lives on while others hold it. Any thread may use
-/// any handle.
+/// any handle; of two threads that set something of one object at once, what one of them set may be lost.
 typedef uint64_t quorin_handle;
 enum {
     QUORIN_NONE = 0  ///< no object
@@ -36,7 +37,8 @@ enum {
 /// Gives a handle back. The object of a subscription goes on without one.
 quorin_status quorin_release(quorin_handle handle);
 
-/// A second handle of the same object, which is how to keep one that is only lent.
+/// A second handle of the object as it is now, which is how to keep one that is only lent. Parameters and requests, the
+/// only objects that can be changed, change behind one handle alone.
 quorin_status quorin_copy(quorin_handle handle, quorin_handle* copy);
 
 /// Bytes that the caller owns, UTF-8 where they are text; read before the function returns. A null `data` with a `size`

@@ -18,6 +18,7 @@ using quorin::KVTHTTPMethod;
 /// The raw value of the integer's native value.
 template <class Facade, class Member>
 quorin_status rawValue(std::int32_t integer, Member native, c::Buffer buffer) noexcept {
+    c::clear(buffer);
     return c::guarded([&]() -> quorin_status {
         const auto value = Facade::fromRawValue(integer);
         if (!value) return QUORIN_INVALID_ARGUMENT;

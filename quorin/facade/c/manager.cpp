@@ -10,6 +10,7 @@ using quorin::ConfigurationManager;
 using quorin::KVTAnonymousBind;
 using quorin::KVTBrand;
 using quorin::KVTConfigurationManager;
+using quorin::LoadArguments;
 using quorin::MorrStandard;
 using quorin::Object;
 using quorin::Platform;
@@ -18,13 +19,16 @@ using Instance = ConfigurationManager::Instance;
 
 constexpr KVTConfigurationManager manager;
 
-SwiftObservable load(const std::string& url, const std::string& device, KVTBrand brand,
-                     const std::optional<std::string>& version) {
-    const bool anyBrand = brand == KVTBrand::undefined;
-    if (version)
-        return *(anyBrand ? manager.initialize(url, device, *version)
-                          : manager.initialize(url, device, brand, *version));
-    return *(anyBrand ? manager.initialize(url, device) : manager.initialize(url, device, brand));
+/// A text that the function yields, which may be none.
+template <class Function>
+quorin_status yield(Function function, c::Buffer buffer) noexcept {
+    c::clear(buffer);
+    return c::guarded([&] { return c::put(function(), buffer); });
+}
+
+SwiftObservable load(const std::string& url, const std::string& device, KVTBrand brand, const std::string& version) {
+    if (brand == KVTBrand::undefined) return *manager.initialize(url, device, version);
+    return *manager.initialize(url, device, brand, version);
 }
 
 template <class T>
@@ -54,7 +58,8 @@ quorin_status quorin_manager_initialize(quorin_text url, quorin_text device_id, 
         const auto device = c::textOf(device_id);
         const auto known = KVTBrand::fromRawValue(brand);
         if (!address || !device || !known || !c::isValid(version)) return QUORIN_INVALID_ARGUMENT;
-        return c::put(load(*address, *device, *known, c::textOf(version)), observable);
+        return c::put(load(*address, *device, *known, c::textOf(version).value_or(LoadArguments().version)),
+                      observable);
     });
 }
 
@@ -67,7 +72,7 @@ quorin_status quorin_manager_configured(int32_t* configured) {
 }
 
 quorin_status quorin_manager_kova(char* buffer, uint64_t capacity, uint64_t* size) {
-    return c::guarded([&] { return c::put(manager.kova(), c::Buffer{buffer, capacity, size}); });
+    return yield([] { return manager.kova(); }, {buffer, capacity, size});
 }
 
 quorin_status quorin_manager_set_kova(quorin_text value) {
@@ -95,7 +100,7 @@ quorin_status quorin_manager_set_profile_bind(quorin_handle anonymous_bind) {
 }
 
 quorin_status quorin_manager_user_agent(char* buffer, uint64_t capacity, uint64_t* size) {
-    return c::guarded([&] { return c::put(manager.userAgent(), c::Buffer{buffer, capacity, size}); });
+    return yield([] { return manager.userAgent(); }, {buffer, capacity, size});
 }
 
 quorin_status quorin_manager_set_user_agent(quorin_text existing) {

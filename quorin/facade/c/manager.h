@@ -39,7 +39,8 @@ quorin_status quorin_manager_set_profile_bind(quorin_handle anonymous_bind);
 quorin_status quorin_manager_user_agent(char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_manager_set_user_agent(quorin_text existing);
 
-/// Streams of every assignment made after the subscription; their values are text objects.
+/// Streams of every assignment made after the subscription; their values are text objects, and
+/// QUORIN_NONE where the value was removed.
 quorin_status quorin_manager_kova_observer(quorin_handle* observable);
 quorin_status quorin_manager_parent_profile_id_observer(quorin_handle* observable);
 quorin_status quorin_manager_child_profile_id_observer(quorin_handle* observable);

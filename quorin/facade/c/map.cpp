@@ -28,10 +28,12 @@ quorin_status quorin_map_count(quorin_handle map, uint64_t* count) {
 }
 
 quorin_status quorin_map_name(quorin_handle map, uint64_t position, char* buffer, uint64_t capacity, uint64_t* size) {
+    c::clear({buffer, capacity, size});
     return entry(map, position, [&](const Map::Entry& it) { return c::put(it.name, {buffer, capacity, size}); });
 }
 
 quorin_status quorin_map_text(quorin_handle map, uint64_t position, char* buffer, uint64_t capacity, uint64_t* size) {
+    c::clear({buffer, capacity, size});
     return entry(map, position,
                  [&](const Map::Entry& it) { return c::put(it.text, c::Buffer{buffer, capacity, size}); });
 }

@@ -1,18 +1,32 @@
 #include "quorin/facade/c/observable.h"
 
 #include "quorin/facade/c/Call.hpp"
-#include "quorin/facade/c/IdentityValue.hpp"
 #include "quorin/platform/brule/SwiftObservable.hpp"
+#include "quorin/platform/rx/HandlerScope.hpp"
+#include "quorin/platform/rx/LateDisposable.hpp"
 #include "quorin/platform/rx/Wait.hpp"
 
-#include <atomic>
-#include <new>
+#include <memory>
+#include <optional>
+#include <string>
 
 namespace {
 
 namespace c = quorin::c;
 using quorin::Object;
 using quorin::SwiftObservable;
+using quorin::rx::Disposable;
+using quorin::rx::Error;
+using quorin::rx::HandlerScope;
+using quorin::rx::LateDisposable;
+
+/// What a host is shown of an object that a stream delivers: a text in the place of an identity value, nothing in the
+/// place of a removed one, any other object as it is.
+std::optional<Object> shown(const Object& object) {
+    const auto identity = object.as<std::optional<std::string>>();
+    if (!identity) return object;
+    return *identity ? std::optional<Object>(**identity) : std::nullopt;
+}
 
 /// The functions of a host and what they are called with.
 class Host {
@@ -24,51 +38,34 @@ public:
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
-    void value(const Object& object) const {
-        const auto shown = c::shown(object);
-        if (!shown)
-            call(handlers_.value, QUORIN_NONE);
-        else
-            lend(handlers_.value, *shown);
-    }
-    void error(const quorin::rx::Error& error) const { lend(handlers_.error, Object(error)); }
+    void value(const Object& object) const { lend(handlers_.value, shown(object)); }
+    void error(const Error& error) const { lend(handlers_.error, Object(error)); }
     void completed() const {
-        if (!isOver_ && handlers_.completed) handlers_.completed(user_);
+        if (handlers_.completed) handlers_.completed(user_);
     }
 
 private:
     using Handler = void (*)(void* user, quorin_handle handle);
 
-    void call(Handler handler, quorin_handle handle) const {
-        if (!isOver_ && handler) handler(user_, handle);
-    }
-
-    /// Gives the object a number for the length of a call.
-    void lend(Handler handler, const Object& object) const {
-        quorin_handle handle = QUORIN_NONE;
-        if (c::guarded([&] { return c::put(object, &handle); }) != QUORIN_OK) {
-            call(handlers_.error, QUORIN_NONE);
-            isOver_ = true;
-            return;
-        }
-        call(handler, handle);
+    /// Gives the object, if there is one, a number for the length of a call.
+    void lend(Handler handler, const std::optional<Object>& object) const {
+        if (!handler) return;
+        const quorin_handle handle = object ? c::handles().add(*object) : quorin_handle{QUORIN_NONE};
+        handler(user_, handle);
         c::handles().release(handle);
     }
 
     quorin_handlers handlers_;
     void* user_;
-    mutable std::atomic<bool> isOver_ = false;  ///< for want of memory, which the stream does not know
 };
 
-quorin_status subscribe(const SwiftObservable& stream, const std::shared_ptr<const Host>& host,
-                        quorin_handle* subscription) {
-    const quorin::rx::Disposable started =
-        stream.subscribe([host](const Object& object) { host->value(object); },
-                         [host](const quorin::rx::Error& error) { host->error(error); }, [host] { host->completed(); });
-    if (!subscription) return QUORIN_OK;
-    const quorin_status status = c::guarded([&] { return c::put(Object(started), subscription); });
-    if (status != QUORIN_OK) started.dispose();
-    return status;
+/// The handle stands before the stream is started, so that nothing has begun where there is no memory for it, and that
+/// what is delivered at once finds it.
+void subscribe(const SwiftObservable& stream, const std::shared_ptr<const Host>& host, quorin_handle* subscription) {
+    const auto started = std::make_shared<LateDisposable>();
+    if (subscription) c::put(Object(Disposable([started] { started->dispose(); })), subscription);
+    started->put(stream.subscribe([host](const Object& object) { host->value(object); },
+                                  [host](const Error& error) { host->error(error); }, [host] { host->completed(); }));
 }
 
 }  // namespace
@@ -78,18 +75,18 @@ quorin_status quorin_observable_subscribe(quorin_handle observable, const quorin
     if (subscription) *subscription = QUORIN_NONE;
     if (!handlers) return QUORIN_INVALID_ARGUMENT;
     std::shared_ptr<const Host> host;
-    try {
-        host = std::make_shared<const Host>(*handlers, user);
-    } catch (const std::bad_alloc&) {
+    if (c::guarded([&] { return host = std::make_shared<const Host>(*handlers, user), QUORIN_OK; }) != QUORIN_OK) {
         if (handlers->released) handlers->released(user);
         return QUORIN_NO_MEMORY;
     }
-    return c::with<SwiftObservable>(
-        observable, [&](const SwiftObservable& stream) { return subscribe(stream, host, subscription); });
+    return c::with<SwiftObservable>(observable, [&](const SwiftObservable& stream) {
+        subscribe(stream, host, subscription);
+        return QUORIN_OK;
+    });
 }
 
 quorin_status quorin_subscription_dispose(quorin_handle subscription) {
-    return c::with<quorin::rx::Disposable>(subscription, [](const quorin::rx::Disposable& it) {
+    return c::with<Disposable>(subscription, [](const Disposable& it) {
         it.dispose();
         return QUORIN_OK;
     });
@@ -100,13 +97,10 @@ quorin_status quorin_observable_wait(quorin_handle observable, quorin_handle* va
     if (error) *error = QUORIN_NONE;
     if (!value || !error) return QUORIN_INVALID_ARGUMENT;
     return c::with<SwiftObservable>(observable, [&](const SwiftObservable& stream) -> quorin_status {
+        if (HandlerScope::isInside()) return QUORIN_REFUSED;
         const auto result = quorin::rx::wait(stream.stream());
-        if (result) {
-            const auto shown = c::shown(*result);
-            return shown ? c::put(*shown, value) : QUORIN_OK;
-        }
-        if (result.error().as<quorin::rx::NoValue>()) return QUORIN_ABSENT;
-        const quorin_status status = c::put(Object(result.error()), error);
-        return status == QUORIN_OK ? QUORIN_FAILED : status;
+        if (!result) return c::failed(result.error(), error);
+        const auto object = shown(*result);
+        return object ? c::put(*object, value) : QUORIN_OK;
     });
 }

@@ -9,18 +9,22 @@ extern "C" {
 #endif
 
 /// Where a stream delivers; null passes over a kind. A handle that is handed in is lent: it ends with the call, and
-/// `quorin_copy` keeps its object. Of one subscription never two run at once. They run on the thread that delivers (for
-/// loads and requests the library's, which a slow function holds up) or inside `quorin_observable_subscribe`.
+/// `quorin_copy` keeps its object. They run on the thread that delivers: the library's own for loads and requests,
+/// which a slow function holds up; for identity values the one that assigns. Those of one subscription never run on two
+/// threads at once, but one that assigns the value it observes is called again before the assignment returns.
+///
+/// A function must return: no exception and no jump may leave it. It must not wait for another thread that assigns. The
+/// process ends where there is no memory for what is to be delivered.
 typedef struct quorin_handlers {
     void (*value)(void* user, quorin_handle value);  ///< QUORIN_NONE: an identity value was removed
-    void (*error)(void* user, quorin_handle error);  ///< the end; QUORIN_NONE: there was no memory for a value
+    void (*error)(void* user, quorin_handle error);  ///< the end
     void (*completed)(void* user);                   ///< the end
     /// Called once, after all others, when `user` is not needed any more; also where subscribing fails.
     void (*released)(void* user);
 } quorin_handlers;
 
 /// Starts what the stream stands for: a load, a request, the observation of a value. `subscription` may be null where
-/// nobody wants to end it early; values that are there at once arrive before this returns.
+/// nobody wants to end it early; it is set before the first function is called, which may be before this returns.
 quorin_status quorin_observable_subscribe(quorin_handle observable, const quorin_handlers* handlers, void* user,
                                           quorin_handle* subscription);
 
@@ -29,8 +33,8 @@ quorin_status quorin_observable_subscribe(quorin_handle observable, const quorin
 quorin_status quorin_subscription_dispose(quorin_handle subscription);
 
 /// Subscribes and waits for the one result: QUORIN_OK and a value (QUORIN_NONE for a removed identity value), or
-/// QUORIN_FAILED and an error; the other handle is QUORIN_NONE. QUORIN_ABSENT where the stream completes without
-/// either. Not for use inside a handler.
+/// QUORIN_FAILED and an error; the other handle is QUORIN_NONE. QUORIN_REFUSED inside a handler, where it could wait
+/// for itself. An identity value is waited for until somebody assigns it.
 quorin_status quorin_observable_wait(quorin_handle observable, quorin_handle* value, quorin_handle* error);
 
 #ifdef __cplusplus

@@ -1,17 +1,12 @@
 #include "quorin/facade/c/params.h"
 
-#include "quorin/facade/KVTWebService.hpp"
 #include "quorin/facade/c/Call.hpp"
 #include "quorin/facade/c/HostParams.hpp"
-#include "quorin/platform/rx/Wait.hpp"
-#include "quorin/platform/skell/Response.hpp"
 
 namespace {
 
 namespace c = quorin::c;
 using c::HostParams;
-using quorin::KVTWebService;
-using quorin::Object;
 using quorin::StringMap;
 using Values = HostParams::Values;
 
@@ -69,18 +64,4 @@ quorin_status quorin_params_set_remove_user_agent(quorin_handle params, int32_t 
 }
 quorin_status quorin_params_set_has_valid_params(quorin_handle params, int32_t valid) {
     return set(params, &Values::areValid, valid != 0);
-}
-
-quorin_status quorin_web_service_configuration_guard(quorin_handle web_service, quorin_handle params,
-                                                     quorin_handle* error) {
-    return c::into(error, [&] {
-        return c::with<HostParams>(params, [&](const HostParams& call) {
-            return c::with<KVTWebService>(web_service, [&](const KVTWebService& service) -> quorin_status {
-                const auto refusal = service.webService().configurationGuard<quorin::skell::Response>(call);
-                if (!refusal) return QUORIN_OK;
-                const quorin_status status = c::put(Object(quorin::rx::wait(*refusal).error()), error);
-                return status == QUORIN_OK ? QUORIN_FAILED : status;
-            });
-        });
-    });
 }

@@ -8,8 +8,8 @@
 extern "C" {
 #endif
 
-/// What a host says of one call of an endpoint. What was not set is absent, and parameters that were not declared
-/// valid are refused by the guard. An assignment replaces what was set before.
+/// What a host says of one call of an endpoint. What was not set is absent, an empty list of pairs is not, and
+/// parameters that were not declared valid are refused by the guard. An assignment replaces what was set before.
 quorin_status quorin_params_make(quorin_handle* params);
 quorin_status quorin_params_set_headers(quorin_handle params, const quorin_pair* headers, uint64_t count);
 
@@ -25,11 +25,6 @@ quorin_status quorin_params_set_dictionary_representation(quorin_handle params, 
 /// 0 is no, any other integer yes.
 quorin_status quorin_params_set_remove_user_agent(quorin_handle params, int32_t remove);
 quorin_status quorin_params_set_has_valid_params(quorin_handle params, int32_t valid);
-
-/// Whether the call may be made: QUORIN_OK, or QUORIN_FAILED and an error where no configuration is loaded or the
-/// parameters are not declared valid.
-quorin_status quorin_web_service_configuration_guard(quorin_handle web_service, quorin_handle params,
-                                                     quorin_handle* error);
 
 #ifdef __cplusplus
 }

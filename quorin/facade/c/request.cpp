@@ -22,7 +22,7 @@ using quorin::SwiftObservable;
 using quorin::skell::RequestBody;
 using quorin::skell::RequestBodyType;
 
-/// The body type of a media type, which has the same place in its enumeration.
+/// How a body of the media type is written.
 std::optional<RequestBodyType> bodyTypeOf(std::int32_t contentType) {
     switch (contentType) {
         case KVTContentType::JSON: return RequestBodyType::JSON;

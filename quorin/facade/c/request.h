@@ -10,7 +10,7 @@ extern "C" {
 #endif
 
 /// The request that an endpoint, or a URL and a method, and parameters describe, with the default headers of this
-/// moment. Building sends nothing.
+/// moment. Building sends nothing and does not ask the guard.
 quorin_status quorin_request_build(quorin_handle params, quorin_handle web_service, quorin_handle* request);
 quorin_status quorin_request_build_url(quorin_handle params, quorin_text url, int32_t method, quorin_handle* request);
 

@@ -15,6 +15,7 @@ quorin_status quorin_response_url(quorin_handle response, char* buffer, uint64_t
 }
 quorin_status quorin_response_header(quorin_handle response, quorin_text name, char* buffer, uint64_t capacity,
                                      uint64_t* size) {
+    c::clear({buffer, capacity, size});
     const auto wanted = c::viewOf(name);
     if (!wanted) return QUORIN_INVALID_ARGUMENT;
     return c::text<Response>(response, [&](const Response& it) { return it.header(*wanted); },

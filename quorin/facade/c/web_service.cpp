@@ -2,10 +2,15 @@
 
 #include "quorin/facade/KVTWebService.hpp"
 #include "quorin/facade/c/Call.hpp"
+#include "quorin/facade/c/HostParams.hpp"
 #include "quorin/facade/c/Map.hpp"
+#include "quorin/platform/rx/Wait.hpp"
+#include "quorin/platform/skell/Response.hpp"
 
 namespace c = quorin::c;
+using c::HostParams;
 using quorin::KVTWebService;
+using quorin::skell::Response;
 
 quorin_status quorin_web_service_name(quorin_handle web_service, char* buffer, uint64_t capacity, uint64_t* size) {
     return c::text<KVTWebService>(web_service, &KVTWebService::name, {buffer, capacity, size});
@@ -33,4 +38,17 @@ quorin_status quorin_web_service_encode(quorin_handle web_service, char* buffer,
 }
 quorin_status quorin_web_service_from_encoded(quorin_text json, quorin_handle* web_service) {
     return c::fromEncoded<KVTWebService>(json, web_service);
+}
+
+quorin_status quorin_web_service_configuration_guard(quorin_handle web_service, quorin_handle params,
+                                                     quorin_handle* error) {
+    return c::into(error, [&] {
+        return c::with<HostParams>(params, [&](const HostParams& call) {
+            return c::with<KVTWebService>(web_service, [&](const KVTWebService& service) -> quorin_status {
+                const auto refusal = service.webService().configurationGuard<Response>(call);
+                if (!refusal) return QUORIN_OK;
+                return c::failed(quorin::rx::wait(*refusal).error(), error);
+            });
+        });
+    });
 }

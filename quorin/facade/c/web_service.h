@@ -25,6 +25,11 @@ quorin_status quorin_web_service_headers(quorin_handle web_service, quorin_handl
 quorin_status quorin_web_service_encode(quorin_handle web_service, char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_web_service_from_encoded(quorin_text json, quorin_handle* web_service);
 
+/// Whether the call may be made: QUORIN_OK, or QUORIN_FAILED and an error where no configuration is loaded or the
+/// parameters are not declared valid.
+quorin_status quorin_web_service_configuration_guard(quorin_handle web_service, quorin_handle params,
+                                                     quorin_handle* error);
+
 #ifdef __cplusplus
 }
 #endif

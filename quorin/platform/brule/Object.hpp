@@ -2,7 +2,6 @@
 
 #include <concepts>
 #include <memory>
-#include <source_location>
 #include <string_view>
 #include <utility>
 
@@ -10,7 +9,7 @@
 
 namespace quorin {
 
-/// A type that says itself by what name its objects are known, and so is the same one to every compiler.
+/// A type that says itself by what name its objects are known, and so is the same one in every shared library.
 template <class T>
 concept NamedObject = requires {
     { T::objectName } -> std::convertible_to<std::string_view>;
@@ -22,26 +21,37 @@ class Object {
 public:
     template <class T>
         requires(!std::same_as<T, Object>)
-    explicit Object(T value) : value_(std::make_shared<const T>(std::move(value))), name_(nameOf<T>()) {}
+    explicit Object(T value) : value_(std::make_shared<const T>(std::move(value))), type_(typeOf<T>()) {}
 
-    /// The value as the type it was made from; null when it was made from another. Types are told apart by the text of
-    /// their name and not by an address, which holds between shared libraries and without run-time types.
+    /// The value as the type it was made from; null when it was made from another. A `NamedObject` is told by the text
+    /// of its name, also where it comes from another shared library. Any other type is known inside one library or
+    /// program alone. Neither needs run-time types.
     template <class T>
     std::shared_ptr<const T> as() const {
-        return name_ == nameOf<T>() ? std::static_pointer_cast<const T>(value_) : nullptr;
+        return type_ == typeOf<T>() ? std::static_pointer_cast<const T>(value_) : nullptr;
     }
 
 private:
+    struct Type {
+        std::string_view name{};  ///< empty: `place` tells
+        const void* place = nullptr;
+
+        bool operator==(const Type&) const = default;
+    };
+
     template <class T>
-    static constexpr std::string_view nameOf() {
+    static Type typeOf() {
         if constexpr (NamedObject<T>)
-            return T::objectName;
+            return {T::objectName, nullptr};
         else
-            return std::source_location::current().function_name();
+            return {{}, &place<T>};
     }
 
+    template <class T>
+    static inline char place = 0;  // not constant, or a linker may put two of them in one place
+
     std::shared_ptr<const void> value_;
-    std::string_view name_;
+    Type type_;
 };
 
 }  // namespace quorin

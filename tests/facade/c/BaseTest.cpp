@@ -110,6 +110,17 @@ TEST(Text, TellsItsLengthAlone) {
     quorin_release(handle);
 }
 
+TEST(Text, IsEmptyWhereThereIsNone) {
+    char room[8] = "-------";
+    std::uint64_t size = 7;
+    EXPECT_EQ(quorin_anonymous_bind_profile_id(QUORIN_NONE, room, sizeof room, &size), QUORIN_INVALID_HANDLE);
+    EXPECT_STREQ(room, "");
+    EXPECT_EQ(size, 0U);
+    room[0] = '-';
+    EXPECT_EQ(quorin_brand_raw_value(99, room, sizeof room, &size), QUORIN_INVALID_ARGUMENT);
+    EXPECT_STREQ(room, "");
+}
+
 TEST(Text, MayHoldANul) {
     quorin_handle handle = QUORIN_NONE;
     quorin_anonymous_bind_make({"a\0b", 3}, {"", 0}, &handle);

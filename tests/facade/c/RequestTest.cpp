@@ -1,10 +1,12 @@
 #include "quorin/facade/c/quorin.h"
+#include "quorin/platform/ombrith/InstrumentationCodes.hpp"
 
 #include "tests/facade/c/InstalledHost.hpp"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
 namespace quorin {
 namespace {
@@ -49,8 +51,8 @@ TEST_F(Host, BuildsTheRequestOfAURL) {
                   quorin_request_method(request, &method);
                   return text(quorin_request_url, request) + ' ' + std::to_string(method) + ' '
                          + quorin_status_name(textWith(quorin_request_body, request).first);
-              }).substr(0, 18),
-              "http://h.example/x");
+              }),
+              "http://h.example/x 6 QUORIN_ABSENT");
 }
 
 TEST_F(Host, PassesTheGuardWithAConfigurationAndValidParameters) {
@@ -146,11 +148,43 @@ TEST_F(Host, ReadsTheCodesOfAnErrorOfTheLibrary) {
                   quorin_error_component(error, &component);
                   quorin_error_element(error, &element);
                   quorin_error_code(error, &code);
-                  return std::string(quorin_status_name(status)) + ' ' + text(quorin_error_description, error) + ' '
-                         + (component >= 0 && element >= 0 && code >= 0 ? "coded " : "uncoded ")
+                  return std::string(quorin_status_name(status)) + ' ' + std::to_string(component) + ' '
+                         + std::to_string(element) + ' ' + std::to_string(code) + ' '
                          + quorin_status_name(textWith(quorin_error_kind, error).first);
-              }).substr(0, 34),
-              "QUORIN_FAILED configurationManager");
+              }),
+              "QUORIN_FAILED " + std::to_string(InstrumentationCodes::Component::configurationManager) + ' '
+                  + std::to_string(InstrumentationCodes::Element::configurationGuard) + ' '
+                  + std::to_string(InstrumentationCodes::ErrorCode::configNotInitialized) + " QUORIN_ABSENT");
+}
+
+TEST_F(Host, ChangesARequestBehindOneHandleAlone) {
+    EXPECT_EQ(inHost([](const App&) {
+                  quorin_handle request = QUORIN_NONE, copy = QUORIN_NONE;
+                  quorin_request_create(QUORIN_HTTP_METHOD_POST, quorin_text_of("http://h.example/"), &request);
+                  quorin_copy(request, &copy);
+                  quorin_request_set_bytes(request, quorin_text_of("body"));
+                  return text(quorin_request_body, request) + ' '
+                         + quorin_status_name(textWith(quorin_request_body, copy).first);
+              }),
+              "body QUORIN_ABSENT");
+}
+
+TEST_F(Host, SurvivesAReleaseWhileAnotherThreadSetsHeaders) {
+    EXPECT_EQ(
+        inHost([](const App&) {
+            for (int turn = 0; turn < 200; ++turn) {
+                quorin_handle request = QUORIN_NONE;
+                quorin_request_create(QUORIN_HTTP_METHOD_GET, quorin_text_of("http://h.example/"), &request);
+                std::thread setting([request] {
+                    while (quorin_request_set_header(request, quorin_text_of("A"), quorin_text_of("b")) == QUORIN_OK) {
+                    }
+                });
+                quorin_release(request);
+                setting.join();
+            }
+            return std::string("survived");
+        }),
+        "survived");
 }
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <latch>
 #include <string>
+#include <thread>
 
 namespace quorin {
 namespace {
@@ -218,6 +220,99 @@ TEST_F(Host, MayReleaseALentHandleItself) {
                   return std::string(quorin_status_name(released));
               }),
               "QUORIN_OK");
+}
+
+/// A subscription to the account that does something with it inside its own function.
+struct Inside {
+    quorin_handle subscription = QUORIN_NONE;
+    int calls = 0;
+    quorin_status waited = QUORIN_OK;
+
+    static quorin_handle begin(Inside& self, void (*value)(void*, quorin_handle)) {
+        const quorin_handlers handlers{value, nullptr, nullptr, nullptr};
+        quorin_handle stream = QUORIN_NONE;
+        quorin_manager_kova_observer(&stream);
+        quorin_observable_subscribe(stream, &handlers, &self, &self.subscription);
+        return stream;
+    }
+    static Inside& of(void* user) { return *static_cast<Inside*>(user); }
+};
+
+TEST_F(Host, MayDisposeInsideItsFunction) {
+    EXPECT_EQ(inHost([](const App&) {
+                  Inside inside;
+                  Inside::begin(inside, [](void* user, quorin_handle) {
+                      ++Inside::of(user).calls;
+                      quorin_subscription_dispose(Inside::of(user).subscription);
+                  });
+                  quorin_manager_set_kova(quorin_text_of("a"));
+                  quorin_manager_set_kova(quorin_text_of("b"));
+                  return std::to_string(inside.calls);
+              }),
+              "1");
+}
+
+TEST_F(Host, IsCalledAgainWhereItAssignsInsideItsFunction) {
+    EXPECT_EQ(inHost([](const App&) {
+                  Inside inside;
+                  Inside::begin(inside, [](void* user, quorin_handle) {
+                      if (++Inside::of(user).calls < 3) quorin_manager_set_kova(quorin_text_of("again"));
+                  });
+                  quorin_manager_set_kova(quorin_text_of("a"));
+                  return std::to_string(inside.calls);
+              }),
+              "3");
+}
+
+TEST_F(Host, DoesNotWaitInsideItsFunction) {
+    EXPECT_EQ(inHost([](const App&) {
+                  Inside inside;
+                  Inside::begin(inside, [](void* user, quorin_handle) {
+                      quorin_handle stream = QUORIN_NONE, value = QUORIN_NONE, error = QUORIN_NONE;
+                      quorin_manager_kova_observer(&stream);
+                      Inside::of(user).waited = quorin_observable_wait(stream, &value, &error);
+                  });
+                  quorin_manager_set_kova(quorin_text_of("a"));
+                  return std::string(quorin_status_name(inside.waited));
+              }),
+              "QUORIN_REFUSED");
+}
+
+TEST_F(Host, HasTheHandleOfASubscriptionBeforeItIsFirstCalled) {
+    EXPECT_EQ(inHost([](const App& app) {
+                  static quorin_handle subscription = QUORIN_NONE;
+                  static std::atomic<quorin_handle> seen = QUORIN_NONE;
+                  Story story;
+                  quorin_handlers handlers = Story::handlers;
+                  handlers.error = [](void*, quorin_handle) { seen = subscription; };
+                  quorin_observable_subscribe(app.load("ftp:"), &handlers, &story, &subscription);
+                  const std::string whole = story.whole();
+                  return whole + (seen != QUORIN_NONE && seen == subscription ? " with it" : " without");
+              }),
+              "released with it");
+}
+
+TEST_F(Host, MayDisposeOnAnotherThreadWhileItsFunctionRuns) {
+    EXPECT_EQ(inHost([](const App&) {
+                  static std::latch entered(1), left(1);
+                  Story story;
+                  quorin_handlers handlers = Story::handlers;
+                  handlers.value = [](void*, quorin_handle) {
+                      entered.count_down();
+                      left.wait();
+                  };
+                  quorin_handle stream = QUORIN_NONE, subscription = QUORIN_NONE;
+                  quorin_manager_kova_observer(&stream);
+                  quorin_observable_subscribe(stream, &handlers, &story, &subscription);
+                  std::thread assigning([] { quorin_manager_set_kova(quorin_text_of("a")); });
+                  entered.wait();
+                  quorin_subscription_dispose(subscription);
+                  const bool early = story.isReleased;
+                  left.count_down();
+                  assigning.join();
+                  return (early ? "early " : "in time ") + story.whole();
+              }),
+              "in time released");
 }
 
 }  // namespace

@@ -34,6 +34,20 @@ TEST(Object, IsNothingElse) {
     EXPECT_EQ(Object(std::optional<int>(1)).as<int>(), nullptr);
 }
 
+namespace first {
+struct Value {
+    int number = 1;
+};
+}  // namespace first
+
+TEST(Object, IsNotANamesakeOfItsType) {
+    struct Value {
+        int number = 2;
+    };
+    EXPECT_EQ(Object(Value()).as<first::Value>(), nullptr);
+    EXPECT_EQ(Object(Value()).as<Value>()->number, 2);
+}
+
 TEST(Object, IsSharedByItsCopies) {
     const Object object(std::string("text"));
     const Object copy = object;
@@ -56,9 +70,15 @@ TEST(SwiftObservable, DeliversTheErrorAsItIs) {
 }
 
 TEST(SwiftObservable, PassesOverWhatNobodyAskedFor) {
-    SwiftObservable(rx::just(1)).subscribe({});
-    SwiftObservable(rx::error<int>(Oops{})).subscribe({});
-    SUCCEED();
+    bool isDelivered = false;
+    const rx::Observable<int> stream([&](const rx::Observer<int>& observer) {
+        observer.next(1);
+        observer.fail(Oops{});
+        isDelivered = observer.isDisposed();
+        return rx::Disposable();
+    });
+    SwiftObservable(stream).subscribe({});
+    EXPECT_TRUE(isDelivered);
 }
 
 TEST(SwiftObservable, DeliversNothingAfterDisposal) {
