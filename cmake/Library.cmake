@@ -47,7 +47,8 @@ endif()
 set(exports ${PROJECT_SOURCE_DIR}/cmake/QuorinConfigManager.map)
 set_target_properties(quorin_shared PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${quorin_soversion}
                                                LINK_DEPENDS ${exports})
-target_link_options(quorin_shared PRIVATE -Wl,--version-script=${exports} -Wl,--as-needed)
+# Its request thread runs to the end of the process, so it is never unloaded.
+target_link_options(quorin_shared PRIVATE -Wl,--version-script=${exports} -Wl,--as-needed -Wl,-z,nodelete)
 
 # What hosts link to: the static library, unless they say otherwise as usual. Our own programs use what the shared one
 # hides, and link to the static one by its name.

@@ -18,7 +18,7 @@ SAMPLES = {
     "cpp": ["examples/*/*.cpp", "tests/**/*.cpp", "quorin/**/*.cpp"],
     "c": ["examples/*/*.c", "tests/**/*.c"],
     "python": ["examples/*/*.py", "tests/**/*.py"],
-    "cmake": ["examples/*/CMakeLists.txt"],
+    "cmake": ["examples/**/CMakeLists.txt"],
     "json": ["examples/documents/*.json"],
 }
 

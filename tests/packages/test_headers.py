@@ -16,7 +16,8 @@ def includes(header):
 class Headers(unittest.TestCase):
     def test_the_chief_headers_are_public_and_the_adapters_insides_are_not(self):
         for header in ["core/ConfigurationManager.hpp", "core/QuorinConfigManagerVersion.h", "platform/rx/Wait.hpp",
-                       "context/ConfigurationManagerUtils.hpp", "services/requests/Skell.hpp", "model/Ads.hpp"]:
+                       "context/ConfigurationManagerUtils.hpp", "services/requests/Skell.hpp", "model/Ads.hpp",
+                       "facade/KVTConfigurationManager.hpp", "facade/c/quorin.h"]:
             self.assertIn("quorin/" + header, public_headers())
         for header in ["platform/morr/Database.hpp", "platform/skell/Loop.hpp", "platform/json/Builder.hpp"]:
             self.assertTrue((root / "quorin" / header).exists())

@@ -1,20 +1,21 @@
 """An installation below a fresh prefix, used by hosts in all the ways there are."""
 import functools
-import shutil
 import unittest
 
 from packages import (as_subdirectory, consumer, document, fresh, installed, library_folder, minor_version, root, run,
                       version)
 
 printed = f"""C++: {version}, {minor_version}
-C: {version}, {minor_version}, QUORIN_ABSENT
+C: {version}, {minor_version}, p-1
 brand: orvel
+facade: brand 0
 request: POST https://api.vexo.example/v3/session
 KOVA: account
 JSON: {{"a":null,"b":[1,2.5]}}
 """
 
 
+plain = root / "tests/packages/plain"
 static = ["--static", "--define-variable=library=:libQuorinConfigManager.a"]
 
 
@@ -84,14 +85,13 @@ class Installation(unittest.TestCase):
         self.check(program, shared=False)
 
     def test_serves_the_start_up_example(self):
-        source = fresh("example-source")
-        shutil.copy(root / "examples/startup/startup.cpp", source)
-        (source / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.25)\nproject(example LANGUAGES CXX)\n"
-                                               "find_package(QuorinConfigManager REQUIRED)\n"
-                                               "add_executable(startup startup.cpp)\n"
-                                               "target_link_libraries(startup PRIVATE Quorin::ConfigManager)\n")
-        program = built("example", found_in(installed()), source=source) / "startup"
+        program = built("example", found_in(installed()), source=root / "examples/startup/installed") / "app"
         self.assertIn("login: POST https://api.vexo.example/v3/session", run(program, document, ":memory:"))
+
+    def test_serves_a_project_in_C_alone(self):
+        for kind in ["shared", "static"]:
+            program = built(f"plain-{kind}", found_in(installed()), f"-DKIND={kind}", source=plain) / "plain"
+            self.assertEqual(run(program), f"C: {version}, {minor_version}, p-1\n")
 
     def test_names_no_folder_of_this_machine(self):
         texts = [path for path in installed().rglob("*") if path.suffix in {".cmake", ".pc", ".hpp", ".h"}]

@@ -52,6 +52,10 @@ def declared_functions():
 
 
 class Symbols(unittest.TestCase):
+    def test_stay_where_they_are_until_the_process_ends(self):
+        dynamic = run("readelf", "-d", library_folder(installed()) / "libQuorinConfigManager.so")
+        self.assertRegex(dynamic, r"FLAGS_1.*NODELETE")
+
     def test_are_ours(self):
         self.assertEqual(demangled(name for name in library() if not ours.match(name)), "")
 

@@ -1,6 +1,7 @@
 // A host that uses a bit of each part of the library: consumer DOCUMENT
 #include "quorin/core/ConfigurationManager.hpp"
 #include "quorin/core/QuorinConfigManagerVersion.h"
+#include "quorin/facade/KVTConfigurationManager.hpp"
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/Print.hpp"
 #include "quorin/platform/rx/Wait.hpp"
@@ -46,6 +47,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     std::printf("brand: %s\n", std::string((*loaded)->brand->rawValue()).c_str());
+    std::printf("facade: brand %d\n", quorin::KVTConfigurationManager(manager).configuration()->brand().rawValue());
     printRequest(manager);
     manager.setKova("account");
     std::printf("KOVA: %s\n", manager.defaultHeaders()["KOVA"].c_str());

@@ -6,6 +6,10 @@
 void printVersion(void);
 
 void printVersion(void) {
-    const char* absent = quorin_status_name(QUORIN_ABSENT);
-    printf("C: %s, %.1f, %s\n", QuorinConfigManagerVersionString, QuorinConfigManagerVersionNumber, absent);
+    quorin_handle bind;
+    char profile[8] = "";
+    quorin_anonymous_bind_make(quorin_text_of("p-1"), quorin_text_of("token"), &bind);
+    quorin_anonymous_bind_profile_id(bind, profile, sizeof profile, NULL);
+    quorin_release(bind);
+    printf("C: %s, %.1f, %s\n", QuorinConfigManagerVersionString, QuorinConfigManagerVersionNumber, profile);
 }

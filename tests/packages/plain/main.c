@@ -1,0 +1,6 @@
+void printVersion(void);
+
+int main(void) {
+    printVersion();
+    return 0;
+}
