@@ -1,5 +1,6 @@
 """An installation below a fresh prefix, used by hosts in all the ways there are."""
 import functools
+import gzip
 import unittest
 
 from packages import (as_subdirectory, consumer, document, fresh, installed, library_folder, minor_version, root, run,
@@ -98,8 +99,9 @@ class Installation(unittest.TestCase):
         self.assertGreater(len(texts), 90)
         self.assertEqual([path.name for path in texts if str(root) in path.read_text()], [])
 
-    def test_has_a_program_with_its_completions(self):
+    def test_has_a_program_with_its_manual_page_and_completions(self):
         self.assertEqual(run(installed() / "bin/quorin", "--version"), f"quorin {version}\n")
+        self.assertIn(b".Nm quorin", gzip.open(installed() / "share/man/man1/quorin.1.gz").read())
         for path in ["bash-completion/completions/quorin", "zsh/vendor-completions/_quorin",
                      "fish/vendor_completions.d/quorin.fish"]:
             self.assertIn("quorin", (installed() / "share" / path).read_text())
