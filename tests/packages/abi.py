@@ -10,7 +10,7 @@ from packages import as_subdirectory, fresh, library_folder, root, run
 
 description = root / "abi/QuorinConfigManager.abi"
 leave_out = ["--no-corpus-path", "--no-comp-dir-path", "--no-show-locs", "--no-parameter-names", "--no-elf-needed",
-             "--no-write-default-sizes", "--exported-interfaces-only"]
+             "--no-write-default-sizes", "--exported-interfaces-only", "--type-id-style", "hash"]
 
 
 def described(library):
