@@ -79,11 +79,12 @@ consteval auto sectionIn() -> const KeyTable& (*)() {
         return nullptr;
 }
 
-/// What stands in the field of one member.
+/// What stands in the field of one member. g++ would export each instance, though this header is not public.
 template <auto Member, class T = typename MemberOf<decltype(Member)>::Value>
-inline constexpr Holding holdingOf{.member = {spelled<Member>.data(), spelled<Member>.size()},
-                                   .shape = Conversion<T>::shape,
-                                   .texts = textsOf<T>(),
-                                   .section = sectionIn<T>()};
+[[gnu::visibility("hidden")]] inline constexpr Holding holdingOf{
+    .member = {spelled<Member>.data(), spelled<Member>.size()},
+    .shape = Conversion<T>::shape,
+    .texts = textsOf<T>(),
+    .section = sectionIn<T>()};
 
 }  // namespace quorin::table

@@ -23,7 +23,7 @@ def complete_object(name):
     return re.sub(r"([CD])2(?=E)", r"\g<1>1", name)
 
 
-def functions_of(node, declared, inline):
+def functions_of(node, declared, inline, objects):
     if node.get("kind") in template_kinds:
         return
     if node.get("kind") in function_kinds and "mangledName" in node:
@@ -31,24 +31,31 @@ def functions_of(node, declared, inline):
         found = inline if has_body or any(node.get(reason) for reason in elsewhere) else declared
         found.add(complete_object(node["mangledName"]))
         return
+    if node.get("kind") == "VarDecl" and "mangledName" in node:
+        objects.add(node["mangledName"])
     for child in node.get("inner", []):
-        functions_of(child, declared, inline)
+        functions_of(child, declared, inline, objects)
 
 
 @functools.cache
-def declared_functions():
-    """The functions that the public headers declare and leave to the library to define: their mangled names."""
+def declarations():
+    """The functions that the public headers declare and leave to the library to define, and the objects that they declare
+    at all: their mangled names."""
     folder = fresh("declared")
     text = run("clang++-19", "-std=c++20", "-I", installed() / "include", "-fsyntax-only", "-Xclang", "-ast-dump=json",
-               "-Xclang", "-ast-dump-filter=quorin", include_all(folder))
-    declared, inline = set(), set()
+               "-Xclang", "-ast-dump-filter=uorin", include_all(folder))
+    declared, inline, objects = set(), set(), set()
     decoder, at = json.JSONDecoder(), 0
     while at < len(text):
         node, at = decoder.raw_decode(text, at)
-        functions_of(node, declared, inline)
+        functions_of(node, declared, inline, objects)
         while at < len(text) and text[at].isspace():
             at += 1
-    return declared - inline
+    return declared - inline, objects
+
+
+def declared_functions():
+    return declarations()[0]
 
 
 class Symbols(unittest.TestCase):
@@ -67,6 +74,11 @@ class Symbols(unittest.TestCase):
     def test_of_functions_are_declared_in_a_public_header(self):
         functions = {complete_object(name) for name, kind in library().items() if kind == "T"}
         self.assertEqual(demangled(functions - declared_functions()), "")
+
+    def test_of_objects_are_declared_in_a_public_header(self):
+        found = {name for name, kind in library().items() if kind in "uRDBVv" and not re.match("_ZT[VTIS]", name)}
+        self.assertIn("QuorinConfigManagerVersionString", found)
+        self.assertEqual(demangled(found - declarations()[1]), "")
 
 
 if __name__ == "__main__":
