@@ -39,7 +39,7 @@ consteval std::string_view spelling() {
 
 /// The same in bytes of its own, so that the rest of the compiler's text does not come into the program.
 template <auto Member>
-inline constexpr auto spelled = [] {
+[[gnu::visibility("hidden")]] inline constexpr auto spelled = [] {
     std::array<char, spelling<Member>().size()> name{};
     std::copy_n(spelling<Member>().begin(), name.size(), name.begin());
     return name;
