@@ -15,19 +15,26 @@ concept NamedObject = requires {
     { T::objectName } -> std::convertible_to<std::string_view>;
 };
 
+/// By which a type without a name is known: an address of its own in each library and program. It is not constant, or a
+/// linker may put two of them in one place; and it is hidden, as all that asks for it, or a loader may mix two
+/// libraries'.
+template <class T>
+[[gnu::visibility("hidden")]] inline char placeOf = 0;
+
 /// A value of any type, shared and constant, for those who cannot name its type where they receive it. A copy is one
 /// count; any thread may read it.
 class Object {
 public:
     template <class T>
         requires(!std::same_as<T, Object>)
-    explicit Object(T value) : value_(std::make_shared<const T>(std::move(value))), type_(typeOf<T>()) {}
+    [[gnu::visibility("hidden")]] explicit Object(T value)
+        : value_(std::make_shared<const T>(std::move(value))), type_(typeOf<T>()) {}
 
     /// The value as the type it was made from; null when it was made from another. A `NamedObject` is told by the text
     /// of its name, also where it comes from another shared library. Any other type is known inside one library or
     /// program alone. Neither needs run-time types.
     template <class T>
-    std::shared_ptr<const T> as() const {
+    [[gnu::visibility("hidden")]] std::shared_ptr<const T> as() const {
         return type_ == typeOf<T>() ? std::static_pointer_cast<const T>(value_) : nullptr;
     }
 
@@ -40,15 +47,12 @@ private:
     };
 
     template <class T>
-    static Type typeOf() {
+    [[gnu::visibility("hidden")]] static Type typeOf() {
         if constexpr (NamedObject<T>)
             return {T::objectName, nullptr};
         else
-            return {{}, &place<T>};
+            return {{}, &placeOf<T>};
     }
-
-    template <class T>
-    static inline char place = 0;  // not constant, or a linker may put two of them in one place
 
     std::shared_ptr<const void> value_;
     Type type_;
