@@ -3,7 +3,7 @@
 
     observe.py LIBRARY URL STORE
 
-LIBRARY is the shared library, such as /usr/lib/libQuorinConfigManager.so.
+LIBRARY is the shared library, such as /usr/lib/x86_64-linux-gnu/libQuorinConfigManager.so.0.1.
 """
 
 import ctypes

@@ -29,6 +29,7 @@ const char* quorin_status_name(quorin_status status);
 /// An object of the library: a number that is never used again after its release. Each handle that a function gives is
 /// the caller's and is released once, by `quorin_release`; the object lives on while others hold it. Any thread may use
 /// any handle; of two threads that set something of one object at once, what one of them set may be lost.
+/// A child process that fork(2) made keeps the objects; its requests fail.
 typedef uint64_t quorin_handle;
 enum {
     QUORIN_NONE = 0  ///< no object

@@ -9,8 +9,9 @@ extern "C" {
 #endif
 
 /// A configuration and its parts: objects that never change, each for itself; a part outlives the handle of the whole.
-/// `..._encode` yields the archived form as JSON, and `..._from_encoded` makes an object of it again: QUORIN_ABSENT
-/// where the map makes none.
+/// `..._encode` yields the archived form as JSON, and `..._from_encoded` makes an object of it again, a
+/// configuration without brand, device and version: QUORIN_ABSENT where the map makes none. What is nested too deep to
+/// parse (512 levels, of which the archive adds a few) is QUORIN_INVALID_ARGUMENT.
 
 /// QUORIN_BRAND_UNDEFINED where it was loaded without one, or for one that has no integer.
 quorin_status quorin_configuration_brand(quorin_handle configuration, int32_t* brand);

@@ -26,7 +26,9 @@ quorin_status quorin_manager_configuration(quorin_handle* configuration);
 /// 1 when there is one, else 0.
 quorin_status quorin_manager_configured(int32_t* configured);
 
-/// The account identifier. Assigning it stores it and makes the account cookie anew; no text removes it.
+/// The account identifier. Assigning it stores it and makes the account cookie anew, for the domain
+/// that the store holds; no text removes it. Where memory ends while observers are told of an assignment, the process
+/// ends.
 quorin_status quorin_manager_kova(char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_manager_set_kova(quorin_text value);
 

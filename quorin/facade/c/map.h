@@ -22,7 +22,8 @@ quorin_status quorin_map_text(quorin_handle map, uint64_t position, char* buffer
 /// The object at the position; QUORIN_ABSENT in a map of texts, and behind the last position.
 quorin_status quorin_map_object(quorin_handle map, uint64_t position, quorin_handle* object);
 
-/// The first position of a name, compared by bytes; QUORIN_ABSENT where there is none.
+/// The first position of a name, which it looks for one after the other, compared by bytes; QUORIN_ABSENT where there
+/// is none.
 quorin_status quorin_map_find(quorin_handle map, quorin_text name, uint64_t* position);
 
 #ifdef __cplusplus

@@ -59,13 +59,36 @@ private:
     void* user_;
 };
 
+/// Takes back what a subscription has begun, where there is no memory for the rest of it.
+class Unstarted {
+public:
+    Unstarted(LateDisposable& started, quorin_handle* subscription) : started_(&started), subscription_(subscription) {}
+    ~Unstarted() {
+        if (!started_) return;
+        started_->dispose();
+        if (!subscription_) return;
+        c::handles().release(*subscription_);
+        *subscription_ = QUORIN_NONE;
+    }
+    Unstarted(const Unstarted&) = delete;
+    Unstarted& operator=(const Unstarted&) = delete;
+
+    void forget() { started_ = nullptr; }
+
+private:
+    LateDisposable* started_;
+    quorin_handle* subscription_;
+};
+
 /// The handle stands before the stream is started, so that nothing has begun where there is no memory for it, and that
 /// what is delivered at once finds it.
 void subscribe(const SwiftObservable& stream, const std::shared_ptr<const Host>& host, quorin_handle* subscription) {
     const auto started = std::make_shared<LateDisposable>();
     if (subscription) c::put(Object(Disposable([started] { started->dispose(); })), subscription);
+    Unstarted unstarted(*started, subscription);
     started->put(stream.subscribe([host](const Object& object) { host->value(object); },
                                   [host](const Error& error) { host->error(error); }, [host] { host->completed(); }));
+    unstarted.forget();
 }
 
 }  // namespace

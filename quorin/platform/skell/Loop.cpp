@@ -61,6 +61,7 @@ void Loop::start() {
     try {
         thread_ = std::thread([this] { run(); });
         threadID_ = thread_.get_id();
+        process_ = getpid();
     } catch (const std::system_error&) {
         return;  // post() tells: no thread
     }
@@ -196,11 +197,11 @@ void Loop::finish() {
 }
 
 void Loop::stop() {
+    if (!hasThread()) return;
     {
         const std::lock_guard lock(mutex_);
         isStopping_ = true;
     }
-    if (!hasThread()) return;
     if (isOnThread()) return cancelAll();  // from a handler, to which it won't return
     curl_multi_wakeup(multi_);
     std::unique_lock lock(mutex_);

@@ -3,6 +3,8 @@
 #include "quorin/platform/skell/SkellError.hpp"
 
 #include <curl/curl.h>
+#include <sys/types.h>
+#include <unistd.h>
 
 #include <condition_variable>
 #include <deque>
@@ -31,7 +33,7 @@ public:
     static Loop& shared();
 
     /// Runs `task` on the thread, after those posted before. Any thread. Empty when that is so, otherwise the kind of
-    /// failure: the process is exiting, or the thread could not be started.
+    /// failure: the process is exiting, or it has no such thread, which could not be started or is its parent's.
     std::optional<SkellError::Kind> post(Task task);
 
     // What follows is for the thread itself. Once the loop is stopping, libcurl must be left alone: the exit may have
@@ -60,7 +62,8 @@ private:
     void stop();
     void cancelAll();
 
-    bool hasThread() const { return threadID_ != std::thread::id(); }
+    /// A child process has none: fork(2) leaves the thread behind.
+    bool hasThread() const { return threadID_ != std::thread::id() && process_ == getpid(); }
     bool isOnThread() const { return std::this_thread::get_id() == threadID_; }
 
     CURLM* multi_ = nullptr;
@@ -75,6 +78,7 @@ private:
     bool isFinished_ = false;
     bool isAbandoned_ = false;
     std::thread thread_{};
+    pid_t process_ = 0;           ///< that the thread belongs to
     std::thread::id threadID_{};  ///< constant after the start, as `thread_` is not when it is joined
 };
 
