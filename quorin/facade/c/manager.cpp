@@ -12,7 +12,6 @@ using quorin::KVTBrand;
 using quorin::KVTConfigurationManager;
 using quorin::LoadArguments;
 using quorin::MorrStandard;
-using quorin::Object;
 using quorin::Platform;
 using quorin::SwiftObservable;
 using Instance = ConfigurationManager::Instance;
