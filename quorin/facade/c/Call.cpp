@@ -3,7 +3,7 @@
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/Print.hpp"
 
-#include <cstring>
+#include <cstdint>
 
 namespace quorin::c {
 
@@ -25,7 +25,7 @@ quorin_status put(std::string_view text, Buffer buffer) {
     if (buffer.size) *buffer.size = text.size();
     if (!buffer.data) return QUORIN_OK;
     const bool fits = text.size() < buffer.capacity;
-    if (fits) std::memcpy(buffer.data, text.data(), text.size());
+    if (fits) text.copy(buffer.data, text.size());
     if (buffer.capacity > 0) buffer.data[fits ? text.size() : 0] = '\0';
     return fits ? QUORIN_OK : QUORIN_TOO_SMALL;
 }
