@@ -28,7 +28,7 @@ public:
 
     /// Loads the configuration from an http or https URL, as `Instance::initialize` does: one `KVTConfiguration`, or
     /// the error as it is. `KVTBrand::undefined` ends the process here; the forms without a brand load without one. The
-    /// version is "1.0.0" where it is left out.
+    /// version is "1.0.0" where it is left out. The holder is always there.
     std::optional<SwiftObservable> initialize(const std::string& url, const std::string& deviceID, KVTBrand brand,
                                               const std::string& version) const;
     std::optional<SwiftObservable> initialize(const std::string& url, const std::string& deviceID,

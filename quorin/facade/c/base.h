@@ -9,8 +9,8 @@
 extern "C" {
 #endif
 
-/// What every function yields. Whatever it is, nothing is left behind, and what the function was to yield is 0 or the
-/// empty text unless it is QUORIN_OK.
+/// What every function yields. Where it is not QUORIN_OK nothing is left behind, and what the function was to yield is
+/// 0 or the empty text; only the length of a text that is too long is told, and the error of what failed.
 typedef int32_t quorin_status;
 enum {
     QUORIN_OK = 0,
@@ -29,7 +29,7 @@ const char* quorin_status_name(quorin_status status);
 /// An object of the library: a number that is never used again after its release. Each handle that a function gives is
 /// the caller's and is released once, by `quorin_release`; the object lives on while others hold it. Any thread may use
 /// any handle; of two threads that set something of one object at once, what one of them set may be lost.
-/// A child process that fork(2) made keeps the objects; its requests fail.
+/// Where a process has sent requests, a child that fork(2) makes of it keeps the objects, and its own requests fail.
 typedef uint64_t quorin_handle;
 enum {
     QUORIN_NONE = 0  ///< no object
