@@ -1,5 +1,7 @@
 #include "Shapes.hpp"
 
+#include "quorin/model/Feature.hpp"
+#include "quorin/model/Group.hpp"
 #include "quorin/platform/skell/HTTPMethod.hpp"
 #include "quorin/services/ContentType.hpp"
 #include "quorin/table/Conversion.hpp"
@@ -29,8 +31,9 @@ constexpr std::array told{
     Shape{Conversion<bool>::shape, "`true`, `false`, or a number, of which only zero is false. No text."},
     Shape{Conversion<std::vector<std::string>>::shape, "One element that is no text loses the whole list."},
     Shape{Conversion<DocumentMap>::shape, "A section of its own, `{}` too; where none is named, any object."},
-    Shape{"list of objects", "Elements that make no section are left out. One that is no object loses the whole list."},
-    Shape{"object of objects",
+    Shape{Conversion<std::vector<Group>>::shape,
+          "Elements that make no section are left out. One that is no object loses the whole list."},
+    Shape{Conversion<MapOf<Feature>>::shape,
           "Sections under names of your choice. Members that make no section are left out. One "
           "that is no object loses the whole map, but where the field says otherwise."},
     Shape{HTTPMethod::shape, oneOfTheTexts},
