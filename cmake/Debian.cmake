@@ -50,9 +50,6 @@ foreach(part IN ITEMS lib dev tool)
     string(TOUPPER ${part} upper)
     set(folder ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
     quorin_install_paper(CHANGELOG.md changelog ${folder} ${part})
-    if(EXISTS ${PROJECT_SOURCE_DIR}/LICENSE)
-        install(FILES LICENSE DESTINATION ${folder} COMPONENT ${part} RENAME copyright)
-    endif()
 endforeach()
 
 # All that is installed, and nothing else.

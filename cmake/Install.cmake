@@ -61,9 +61,7 @@ function(quorin_install_paper source paper folder component)
     install(FILES ${compressed} DESTINATION ${folder} COMPONENT ${component})
 endfunction()
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/papers)
-if(EXISTS ${PROJECT_SOURCE_DIR}/docs/man/quorin.1)
-    quorin_install_paper(docs/man/quorin.1 quorin.1 ${CMAKE_INSTALL_MANDIR}/man1 tool)
-endif()
+quorin_install_paper(docs/man/quorin.1 quorin.1 ${CMAKE_INSTALL_MANDIR}/man1 tool)
 
 # The program writes the completions itself, so not where it cannot run.
 set(scripts)
