@@ -1,31 +1,12 @@
 #include "quorin/facade/c/quorin.h"
 
 #include "tests/facade/c/InstalledHost.hpp"
+#include "tests/faults/FailingMemory.hpp"
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstdlib>
 #include <functional>
-#include <new>
 #include <string>
-
-namespace {
-
-/// How many allocations of this thread succeed before one fails; negative: all do.
-thread_local long untilFailure = -1;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    const bool fails = untilFailure == 0;
-    if (untilFailure >= 0) --untilFailure;
-    void* const memory = fails ? nullptr : std::malloc(size > 0 ? size : 1);
-    if (!memory) throw std::bad_alloc();
-    return memory;
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace quorin {
 namespace {
@@ -34,11 +15,9 @@ namespace {
 /// `handle` at none; yields how many there were.
 int failures(quorin_handle& handle, const std::function<quorin_status()>& call) {
     for (int count = 0;; ++count) {
-        untilFailure = count;
+        faults::failAfter(count);
         const quorin_status status = call();
-        const bool hasFailed = untilFailure < 0;
-        untilFailure = -1;
-        if (!hasFailed) {
+        if (!faults::stopFailing()) {
             EXPECT_EQ(status, QUORIN_OK);
             return count;
         }
@@ -93,8 +72,9 @@ TEST_F(Host, IsToldThatItsPointerIsNotNeededWhereMemoryIsMissingAtOnce) {
                                                  [](void* user) { ++*static_cast<int*>(user); }};
                   quorin_handle stream = QUORIN_NONE;
                   quorin_manager_kova_observer(&stream);
-                  untilFailure = 0;
+                  faults::failAfter(0);
                   const auto status = quorin_observable_subscribe(stream, &handlers, &released, nullptr);
+                  faults::stopFailing();
                   return std::string(quorin_status_name(status)) + ' ' + std::to_string(released);
               }),
               "QUORIN_NO_MEMORY 1");

@@ -1,0 +1,73 @@
+// All forms of `operator new` and `operator delete`: a sanitizer's own would not go together with half of them.
+#include "tests/faults/FailingMemory.hpp"
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+namespace quorin::faults {
+namespace {
+
+/// How many allocations of this thread succeed before one fails; negative: all do.
+thread_local long untilFailure = -1;
+
+void* allocate(std::size_t size, std::size_t alignment) noexcept {
+    const bool fails = untilFailure == 0;
+    if (untilFailure >= 0) --untilFailure;
+    if (fails) return nullptr;
+    void* memory = nullptr;
+    return posix_memalign(&memory, alignment, size) == 0 ? memory : nullptr;
+}
+
+void* allocateOrThrow(std::size_t size, std::size_t alignment) {
+    void* const memory = allocate(size, alignment);
+    if (!memory) throw std::bad_alloc();
+    return memory;
+}
+
+}  // namespace
+
+void failAfter(long count) { untilFailure = count; }
+
+bool stopFailing() {
+    const bool hasFailed = untilFailure < 0;
+    untilFailure = -1;
+    return hasFailed;
+}
+
+}  // namespace quorin::faults
+
+using quorin::faults::allocate;
+using quorin::faults::allocateOrThrow;
+
+constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+
+void* operator new(std::size_t size) { return allocateOrThrow(size, usual); }
+void* operator new[](std::size_t size) { return allocateOrThrow(size, usual); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size, usual); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size, usual); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return allocateOrThrow(size, static_cast<std::size_t>(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return allocateOrThrow(size, static_cast<std::size_t>(alignment));
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return allocate(size, static_cast<std::size_t>(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return allocate(size, static_cast<std::size_t>(alignment));
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete(void* memory, std::align_val_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::align_val_t) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept { std::free(memory); }
+void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept { std::free(memory); }
