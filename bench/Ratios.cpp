@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace quorin::bench {
 
@@ -13,28 +14,23 @@ void Ratios::ReportRuns(const std::vector<Run>& runs) {
 
 double Ratios::median(const std::string& name) const {
     const auto found = times_.find(name);
-    if (found == times_.end()) return 0;
+    if (found == times_.end()) {
+        std::fprintf(stderr, "%s was not measured: the bench is broken\n", name.c_str());
+        std::exit(1);
+    }
     std::vector<double> times = found->second;
     std::sort(times.begin(), times.end());
     return times[times.size() / 2];
 }
 
-bool Ratios::print(const std::vector<Row>& rows) const {
-    bool held = true;
-    std::printf("%-44s %7s %7s %8s  %s\n", "row", "ratio", "floor", "stretch", "verdict");
+void Ratios::print(const std::vector<Row>& rows) const {
+    const char* separator = "[";
     for (const Row& row : rows) {
-        const double theirs = median(row.theirs);
-        const double ours = median(row.ours);
-        const double ratio = theirs > 0 && ours > 0 ? ours / theirs : 1e9;
-        const bool failed = ratio > 1.25 * row.floor;
-        const char* const verdict = failed                ? "FAILED"
-                                    : ratio > row.floor   ? "beyond the floor"
-                                    : ratio > row.stretch ? "held"
-                                                          : "stretch reached";
-        std::printf("%-44s %7.2f %7.2f %8.2f  %s\n", row.title.c_str(), ratio, row.floor, row.stretch, verdict);
-        held = held && !failed;
+        std::printf("%s\n  {\"row\": \"%s\", \"ours\": %.1f, \"theirs\": %.1f, \"floor\": %g, \"stretch\": %g}",
+                    separator, row.title.c_str(), median(row.ours), median(row.theirs), row.floor, row.stretch);
+        separator = ",";
     }
-    return held;
+    std::printf("\n]\n");
 }
 
 }  // namespace quorin::bench

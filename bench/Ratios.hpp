@@ -17,14 +17,14 @@ struct Row {
     double stretch;
 };
 
-/// Keeps every repetition of every benchmark and prints ratios of medians.
+/// Keeps every repetition of every benchmark and prints medians.
 class Ratios : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// Prints the table; false when a ratio is beyond 1.25 times its floor or was not measured.
-    bool print(const std::vector<Row>& rows) const;
+    /// Prints the rows as JSON, with the medians of both sides; ends the program where one was not measured.
+    void print(const std::vector<Row>& rows) const;
 
 private:
     double median(const std::string& name) const;

@@ -1,0 +1,3 @@
+// A program that does nothing.
+
+int main() {}

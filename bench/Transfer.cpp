@@ -1,0 +1,47 @@
+// A GET through a stream, against a handle of the HTTP library that is used again and again, from the same server.
+#include "quorin/platform/rx/Wait.hpp"
+#include "quorin/platform/skell/Request.hpp"
+
+#include "bench/Documents.hpp"
+#include "bench/Rows.hpp"
+#include "tests/support/FaultServer.hpp"
+
+#include <curl/curl.h>
+
+#include <cstdlib>
+
+namespace quorin::bench {
+namespace {
+
+std::size_t append(const char* bytes, std::size_t, std::size_t size, void* body) {
+    static_cast<std::string*>(body)->append(bytes, size);
+    return size;
+}
+
+/// The body, by the bare handle.
+std::size_t bareGet(CURL* handle) {
+    std::string body;
+    curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
+    if (curl_easy_perform(handle) != CURLE_OK) std::abort();
+    return body.size();
+}
+
+std::size_t get(const skell::Request& request) {
+    const auto response = rx::wait(request.response());
+    if (!response) std::abort();
+    return response->body().size();
+}
+
+}  // namespace
+
+Rows transferRows() {
+    static const auto& server = *new support::FaultServer({{"/a.json", support::answer(200, smallDocument())}});
+    CURL* const handle = curl_easy_init();
+    curl_easy_setopt(handle, CURLOPT_URL, server.url("/a.json").c_str());
+    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, append);
+    add("get", [request = skell::Request::GET(server.url("/a.json"))] { return get(request); });
+    add("get-bare", [handle] { return bareGet(handle); });
+    return {{"GET through a stream / a bare reused handle", "get", "get-bare", 1.6, 1.2}};
+}
+
+}  // namespace quorin::bench
