@@ -8,10 +8,16 @@
 
 #include <curl/curl.h>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace quorin::bench {
 namespace {
+
+[[noreturn]] void fail(const std::string& reason) {
+    std::fprintf(stderr, "no response: %s: the bench is broken\n", reason.c_str());
+    std::exit(1);
+}
 
 std::size_t append(const char* bytes, std::size_t, std::size_t size, void* body) {
     static_cast<std::string*>(body)->append(bytes, size);
@@ -22,13 +28,14 @@ std::size_t append(const char* bytes, std::size_t, std::size_t size, void* body)
 std::size_t bareGet(CURL* handle) {
     std::string body;
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
-    if (curl_easy_perform(handle) != CURLE_OK) std::abort();
+    const CURLcode code = curl_easy_perform(handle);
+    if (code != CURLE_OK) fail(curl_easy_strerror(code));
     return body.size();
 }
 
 std::size_t get(const skell::Request& request) {
     const auto response = rx::wait(request.response());
-    if (!response) std::abort();
+    if (!response) fail(response.error().description());
     return response->body().size();
 }
 
