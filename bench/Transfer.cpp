@@ -42,7 +42,9 @@ std::size_t get(const skell::Request& request) {
 }  // namespace
 
 Rows transferRows() {
-    static const auto& server = *new support::FaultServer({{"/a.json", support::answer(200, smallDocument())}});
+    // The connection stays open: both sides use theirs again, as with a real server.
+    static const auto& server = *new support::FaultServer(
+        [answer = support::answer(200, smallDocument())](const auto&, const auto& client) { client.send(answer); });
     CURL* const handle = curl_easy_init();
     curl_easy_setopt(handle, CURLOPT_URL, server.url("/a.json").c_str());
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, append);
