@@ -1,23 +1,37 @@
 // Ours and its competitors, interleaved in one process, as the rows of a table.
 #include "bench/Rows.hpp"
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
 namespace quorin::bench {
 namespace {
 
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
+/// The rows of all groups whose titles hold the text.
+Rows rowsWith(const std::string& text) {
     Rows rows;
     for (const auto group :
          {loadingRows, valueRows, accessorRows, requestRows, identityRows, transferRows, programRows}) {
-        const Rows more = group();
-        rows.insert(rows.end(), more.begin(), more.end());
+        for (const Row& row : group()) {
+            if (row.title.find(text) != std::string::npos) rows.push_back(row);
+        }
     }
+    return rows;
+}
+
+/// The pattern of all that the rows are made of.
+std::string measuresOf(const Rows& rows) {
+    std::string pattern = "^(";
+    for (const Row& row : rows) pattern += row.ours + "|" + row.theirs + "|";
+    pattern.back() = ')';
+    return pattern + "/";
+}
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const Rows rows = rowsWith(argc > 1 ? argv[1] : "");
     Ratios ratios;
-    benchmark::RunSpecifiedBenchmarks(&ratios);
+    if (!rows.empty()) benchmark::RunSpecifiedBenchmarks(&ratios, measuresOf(rows));
     ratios.print(rows);
     return 0;
 }
@@ -25,6 +39,7 @@ int main(int argc, char** argv) {
 }  // namespace
 }  // namespace quorin::bench
 
+// quorin_bench [--benchmark_OPTION...] [TEXT]: the rows whose titles hold the text, as JSON.
 int main(int argc, char** argv) {
     // Rounds of the rows take turns, so that a slow moment of the machine meets all of them.
     std::vector<char*> arguments(argv, argv + argc);

@@ -24,6 +24,14 @@ public:
         return json::print(builder_.finish(), json::Layout::indented);
     }
 
+    std::string grown(int entries) {
+        object([&] {
+            member("orvel", [&] { map("features", "feature", entries, [&] { feature(); }); });
+            map("webservices", "service", entries, [&] { service(); });
+        });
+        return json::print(builder_.finish(), json::Layout::indented);
+    }
+
 private:
     using Fill = std::function<void()>;
 
@@ -182,6 +190,18 @@ const std::string& smallDocument() {
 const std::string& largeDocument() {
     static const std::string& text = *new std::string(Generator().document(8, 40, 14));
     return text;
+}
+
+const std::string& hugeDocument() {
+    static const std::string& text = *new std::string(Generator().document(8, 1000, 800));
+    return text;
+}
+
+std::vector<std::string> growingDocuments() {
+    std::vector<std::string> documents;
+    for (const int entries : {2, 6, 20, 60, 200, 600, 2000, 6000, 20000})
+        documents.push_back(Generator().grown(entries));
+    return documents;
 }
 
 }  // namespace quorin::bench

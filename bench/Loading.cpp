@@ -48,7 +48,9 @@ Rows loadingRows() {
     compareResults();
     const std::string& small = padded(smallDocument());
     const std::string& large = padded(largeDocument());
-    for (const auto& [size, text] : {std::pair<std::string, const std::string&>{"small", small}, {"large", large}}) {
+    const std::string& huge = padded(hugeDocument());
+    for (const auto& [size, text] :
+         {std::pair<std::string, const std::string&>{"small", small}, {"large", large}, {"huge", huge}}) {
         add("dom-" + size, [&text = text] { return parseWithDOM(text); });
         add("parse-" + size, [&text = text] { return parse(text); });
         add("load-" + size, [&text = text] { return load(text); });
@@ -66,6 +68,8 @@ Rows loadingRows() {
         {"full typed load, small / dom", "load-small", "dom-small", 7, 3},
         {"full typed load, large / dom", "load-large", "dom-large", 3.5, 1.6},
         {"full typed load, large / by hand on a tree", "load-large", "hand-large", 0.16, 0.07},
+        {"parse into our own tree, huge / dom", "parse-huge", "dom-huge"},
+        {"full typed load, huge / dom", "load-huge", "dom-huge"},
         {"read without an observer / with one", "read", "read-observed", 1, 0.9},
     };
 }

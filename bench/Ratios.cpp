@@ -24,7 +24,8 @@ double Ratios::median(const std::string& name) const {
 }
 
 void Ratios::print(const std::vector<Row>& rows) const {
-    const char* separator = "[";
+    const char* separator = "";
+    std::printf("[");
     for (const Row& row : rows) {
         std::printf("%s\n  {\"row\": \"%s\", \"ours\": %.1f, \"theirs\": %.1f, \"floor\": %g, \"stretch\": %g}",
                     separator, row.title.c_str(), median(row.ours), median(row.theirs), row.floor, row.stretch);

@@ -8,13 +8,13 @@
 
 namespace quorin::bench {
 
-/// One line of the table: what is measured, against what, and the ratio that must not be passed.
+/// One line of the table: what is measured, against what, and the ratio that must not be passed. A floor of 0 is none.
 struct Row {
     std::string title;
     std::string ours;
     std::string theirs;
-    double floor;
-    double stretch;
+    double floor = 0;
+    double stretch = 0;
 };
 
 /// Keeps every repetition of every benchmark and prints medians.
