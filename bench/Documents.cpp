@@ -199,7 +199,7 @@ const std::string& hugeDocument() {
 
 std::vector<std::string> growingDocuments() {
     std::vector<std::string> documents;
-    for (const int entries : {2, 6, 20, 60, 200, 600, 2000, 6000, 20000})
+    for (const int entries : {3, 7, 20, 70, 200, 700, 2000, 7000, 21000})
         documents.push_back(Generator().grown(entries));
     return documents;
 }

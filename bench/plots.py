@@ -52,13 +52,16 @@ def short(number):
 
 
 class Axis:
-    """Numbers along `length` pixels from `start`: by their logarithm, or from zero."""
+    """Numbers along `length` pixels from `start`: by their logarithm, or from zero. A few are the ticks themselves."""
 
     def __init__(self, numbers, start, length, logarithmic):
         self.start, self.length, self.logarithmic = start, length, logarithmic
         if logarithmic:
             self.low, self.high = math.floor(math.log10(min(numbers))), math.ceil(math.log10(max(numbers)))
             self.ticks = [10 ** power for power in range(self.low, self.high + 1)]
+            return
+        if len(set(numbers)) <= 6:
+            self.low, self.high, self.ticks = 0, max(numbers), sorted(set(numbers))
             return
         rough = max(numbers) / 4
         power = 10 ** math.floor(math.log10(rough))
