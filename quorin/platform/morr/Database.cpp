@@ -93,7 +93,8 @@ Outcome Database::connect(const StoreFile& file, const std::string& name, int fl
         sqlite3_db_config(connection, trusted, 0, nullptr);
     }
     leaveAsItIs();
-    Outcome outcome = checkContent(file);
+    Outcome outcome = execute("PRAGMA cell_size_check = ON");
+    if (outcome) outcome = checkContent(file);
     if (outcome && isEmpty_) outcome = prepareForWriting();
     // An empty journal carries nothing over, and would only stay behind.
     if (outcome || !file.hasWriteAheadLog())
@@ -104,37 +105,67 @@ Outcome Database::connect(const StoreFile& file, const std::string& name, int fl
 /// In one transaction, so that all it learns is of one moment.
 Outcome Database::checkContent(const StoreFile& file) {
     Outcome outcome = execute("BEGIN");
-    Statement version, tables, encoding;
+    Statement version, encoding, pageSize;
     if (outcome) outcome = ask("PRAGMA user_version", version);
-    if (outcome)
-        outcome = ask("SELECT count(*), max(CASE name WHEN 'entries' THEN sql END) FROM sqlite_schema", tables);
     if (outcome) outcome = ask("PRAGMA encoding", encoding);
+    if (outcome) outcome = ask("PRAGMA page_size", pageSize);
     if (!outcome) return outcome;
     const int number = sqlite3_column_int(version.get(), 0);
     const bool isReadable = row::bytes(encoding.get(), 0) == "UTF-8";
-    isEmpty_ = isReadable && number == 0 && sqlite3_column_int(tables.get(), 0) == 0;
-    const bool isOurs = isReadable && number == shapeNumber && row::bytes(tables.get(), 1) == tableText;
-    if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
-    if (!isEmpty_ && !isOurs) return Outcome::foreign();
+    const bool isCut = isCutShort(file, sqlite3_column_int(pageSize.get(), 0));
+    for (Statement* done : {&version, &encoding, &pageSize}) done->reset();
 
-    outcome = checkStructure(file);
-    for (Statement* done : {&version, &tables, &encoding}) done->reset();
+    Tables tables;
+    if (outcome = readTables(tables); !outcome) return outcome;
+    isEmpty_ = isReadable && number == 0 && !tables.any;
+    if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
+    if (!isEmpty_ && !(isReadable && number == shapeNumber && tables.ours)) return Outcome::foreign();
+    if (isCut) return {Outcome::Kind::damaged, "its end is missing"};
+    if (!isEmpty_) outcome = checkKeys();
     return outcome ? execute("COMMIT") : outcome;
 }
 
-Outcome Database::checkStructure(const StoreFile& file) {
-    Statement check, pageSize;
+Outcome Database::readTables(Tables& tables) {
+    Statement query;
+    Outcome outcome = prepare("SELECT sql FROM sqlite_schema", query);
+    if (!outcome) return outcome;
+    int code = step(query.get());
+    for (; code == SQLITE_ROW; code = sqlite3_step(query.get())) {
+        tables.any = true;
+        tables.ours = tables.ours || row::bytes(query.get(), 0) == tableText;
+    }
+    return outcomeOf(code);
+}
+
+/// Walks over the whole table, whose pages are checked as they are read.
+Outcome Database::checkKeys() {
+    Statement query;
+    Outcome outcome = prepare("SELECT key FROM entries ORDER BY key", query);
+    if (!outcome) return outcome;
+    std::optional<std::string> last;
+    int code = step(query.get());
+    // Keys of other types than text, which are nobody's, stand behind the texts.
+    for (; code == SQLITE_ROW && sqlite3_column_type(query.get(), 0) == SQLITE_TEXT; code = sqlite3_step(query.get())) {
+        const std::string_view key = row::bytes(query.get(), 0);
+        if (last && key <= *last) return {Outcome::Kind::damaged, "its keys are out of order"};
+        last = key;
+    }
+    return outcomeOf(code);
+}
+
+/// A change uses more than the table, so before the first one the whole file is looked at.
+Outcome Database::checkStructure() {
+    Statement check;
     Outcome outcome = ask("PRAGMA quick_check(1)", check);
-    if (outcome && row::bytes(check.get(), 0) != "ok") return {Outcome::Kind::damaged, "its structure is broken"};
-    if (outcome) outcome = ask("PRAGMA page_size", pageSize);
-    const bool isCut = outcome && isCutShort(file, sqlite3_column_int(pageSize.get(), 0));
-    return isCut ? Outcome{Outcome::Kind::damaged, "its end is missing"} : outcome;
+    const bool isSound = outcome && row::bytes(check.get(), 0) == "ok";
+    return !outcome || isSound ? outcome : Outcome{Outcome::Kind::damaged, "its structure is broken"};
 }
 
 /// Not before the first change: a start that only reads is spared it.
 Outcome Database::prepareForWriting() {
     if (upsert_ && delete_) return {};
-    Outcome outcome = execute("PRAGMA journal_mode = WAL");
+    Outcome outcome = isEmpty_ ? Outcome{} : checkStructure();
+    if (outcome) outcome = execute("PRAGMA journal_mode = WAL");
     if (outcome) outcome = execute("PRAGMA synchronous = FULL");
     if (outcome && isEmpty_) outcome = execute(tableStatements);
     if (outcome) {

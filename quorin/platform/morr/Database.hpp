@@ -52,9 +52,17 @@ private:
     };
     using Statement = std::unique_ptr<sqlite3_stmt, CloseStatement>;
 
+    /// Whether the file has any tables, and whether one is a store's.
+    struct Tables {
+        bool any = false;
+        bool ours = false;
+    };
+
     Outcome connect(const StoreFile& file, const std::string& name, int flags);
     Outcome checkContent(const StoreFile& file);
-    Outcome checkStructure(const StoreFile& file);
+    Outcome readTables(Tables& tables);
+    Outcome checkKeys();
+    Outcome checkStructure();
     Outcome prepareForWriting();
     Outcome prepare(const char* text, Statement& statement);
     Outcome ask(const char* text, Statement& statement);

@@ -182,6 +182,28 @@ TEST(DamagedStore, IsFoundWhileItIsInUse) {
     EXPECT_EQ(setAsideIn(folder.path()).size(), 1U);
 }
 
+TEST(DamagedStore, IsFoundByTheOrderOfItsKeys) {
+    const TemporaryFolder folder;
+    std::string content = soundFile();
+    content.replace(content.find("key150"), 6, "key999");
+    MorrStandard store({.path = folder.write("s.db", content)});
+    EXPECT_EQ(store.all(), StoredValues());
+    EXPECT_EQ(store.status().kind, Kind::setAside);
+}
+
+/// What is broken only where a change would use it is read as it is, and found by the first change.
+TEST(DamagedStore, IsFoundBeforeItIsChanged) {
+    const TemporaryFolder folder;
+    std::string content = soundFile();
+    content[39] = 9;  // how many pages of the file are free
+    MorrStandard store({.path = folder.write("s.db", content)});
+    EXPECT_EQ(text(store, "key7").size(), 200U);
+    EXPECT_EQ(store.status().kind, Kind::open);
+    store.put("new", "k");
+    EXPECT_EQ(store.status().kind, Kind::setAside);
+    EXPECT_EQ(store.all(), (StoredValues{{"k", "new"}}));
+}
+
 TEST(DamagedStore, InAFolderThatIsNotWritableStays) {
     const TemporaryFolder folder;
     chmod(folder.write("s.db", "junk").c_str(), 0666);
