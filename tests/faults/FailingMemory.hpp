@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace quorin::faults {
 
 /// From here on, `count` allocations of this thread succeed and the one after them fails, once. It is the `operator
@@ -8,5 +10,15 @@ void failAfter(long count);
 
 /// Lets every allocation succeed again. True if one has failed.
 bool stopFailing();
+
+/// What a call takes by the `operator new` of this program, on this thread.
+struct Taken {
+    long allocations = 0;
+    long bytes = 0;  ///< of all of them together
+    long peak = 0;   ///< the most that was held at once, beyond what was held before
+};
+
+/// What `call` takes while it runs.
+Taken takenBy(const std::function<void()>& call);
 
 }  // namespace quorin::faults
