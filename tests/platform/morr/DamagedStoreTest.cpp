@@ -191,6 +191,16 @@ TEST(DamagedStore, IsFoundByTheOrderOfItsKeys) {
     EXPECT_EQ(store.status().kind, Kind::setAside);
 }
 
+/// They stand behind the texts, whatever their bytes are.
+TEST(DamagedStore, IsNoneWithKeysOfOtherTypes) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("s.db", soundFile());
+    runSQL(path, "INSERT INTO entries VALUES (x'00', 'text', 'v')");
+    MorrStandard store({.path = path});
+    EXPECT_EQ(text(store, "key7").size(), 200U);
+    EXPECT_EQ(store.status().kind, Kind::open);
+}
+
 /// What is broken only where a change would use it is read as it is, and found by the first change.
 TEST(DamagedStore, IsFoundBeforeItIsChanged) {
     const TemporaryFolder folder;
