@@ -1,29 +1,15 @@
 // A section of the current configuration, against one increment of an atomic number.
-#include "quorin/core/ConfigurationManager.hpp"
-#include "quorin/platform/rx/Wait.hpp"
-
 #include "bench/Documents.hpp"
+#include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <atomic>
 
 namespace quorin::bench {
-namespace {
-
-void loadShared() {
-    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
-    platform.store = std::make_shared<MorrStandard>(morr::Options{});
-    platform::install(platform);
-    const support::TemporaryFolder folder;
-    const PathURL file{folder.write("a.json", largeDocument())};
-    (void)rx::wait(ConfigurationManager::sharedInstance().initialize(file, {.brand = Brand::orvel}));
-}
-
-}  // namespace
-
 Rows accessorRows() {
-    loadShared();
+    const support::TemporaryFolder folder;
+    makeCurrent(folder.write("a.json", largeDocument()));
     static std::atomic<long> number = 0;
     const auto section = [] { return ConfigurationManager::features(); };
     const auto increment = [] { return ++number; };

@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     const Rows rows = rowsWith(argc > 1 ? argv[1] : "");
     Ratios ratios;
     if (!rows.empty()) benchmark::RunSpecifiedBenchmarks(&ratios, measuresOf(rows));
-    ratios.print(rows);
+    print(ratios.of(rows));
     return 0;
 }
 

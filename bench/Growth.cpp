@@ -1,38 +1,19 @@
 // What becomes of the time of a load and of an accessor as documents and threads grow. Prints as its bench library
 // does.
-#include "quorin/core/ConfigurationManager.hpp"
-#include "quorin/core/Loading.hpp"
 #include "quorin/platform/json/Parse.hpp"
-#include "quorin/platform/rx/Wait.hpp"
 
 #include "bench/Competitors.hpp"
 #include "bench/Documents.hpp"
+#include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <atomic>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 namespace quorin::bench {
 namespace {
-
-void installInMemory() {
-    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
-    platform.store = std::make_shared<MorrStandard>(morr::Options{});
-    platform::install(platform);
-}
-
-void makeCurrent(const std::string& file) {
-    auto& manager = ConfigurationManager::sharedInstance();
-    if (!rx::wait(manager.initialize(PathURL{file}, {.brand = Brand::orvel}))) std::abort();
-}
-
-auto load(const std::string& text) {
-    const auto document = *json::parse(text, text.capacity() - text.size()).value()->asObject();
-    return *loading::configurationIn(document, text, {.deviceID = "D", .brand = Brand::orvel});
-}
 
 /// The accessor, while the file is what has been loaded.
 benchmark::internal::Benchmark* addSection(const std::string& name, const std::string& file) {
@@ -66,7 +47,6 @@ void addThreads(const std::string& file) {
 int main(int argc, char** argv) {
     using namespace quorin::bench;
     benchmark::Initialize(&argc, argv);
-    installInMemory();
     const quorin::support::TemporaryFolder folder;
     for (std::string& text : growingDocuments()) addSize(folder, std::move(text));
     addThreads(folder.write("large.json", largeDocument()));

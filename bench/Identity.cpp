@@ -1,6 +1,5 @@
 // The identity values, against the bare database below them.
-#include "quorin/core/ConfigurationManager.hpp"
-
+#include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -53,13 +52,6 @@ int readAll(const std::string& path) {
     return rows;
 }
 
-Platform keptIn(const std::string& path) {
-    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
-    platform.store = std::make_shared<MorrStandard>(morr::Options{.path = path});
-    platform.transport.cookies = std::make_shared<foundation::HTTPCookieStorage>();
-    return platform;
-}
-
 /// A different text at each call, so that each is written.
 std::string next() {
     static long count = 0;
@@ -69,10 +61,10 @@ std::string next() {
 }  // namespace
 
 Rows identityRows() {
-    static const auto& folder = *new support::TemporaryFolder;
+    static const support::TemporaryFolder folder;
     const std::string ours = folder.file("ours.db");
     const std::string theirs = folder.file("theirs.db");
-    static auto& manager = *new ConfigurationManager::Instance(keptIn(ours));
+    static auto& manager = *new ConfigurationManager::Instance(platformOn(ours));
     manager.setProfileJWT("token");
 
     add("assign", [] {
@@ -80,7 +72,7 @@ Rows identityRows() {
         return 0;
     });
     add("put", [put = std::make_shared<BarePut>(theirs)] { return (*put)(next()); });
-    add("restore", [ours] { return ConfigurationManager::Instance(keptIn(ours)).parentProfileID(); });
+    add("restore", [ours] { return ConfigurationManager::Instance(platformOn(ours)).parentProfileID(); });
     add("select", [ours] { return readAll(ours); });
     return {
         {"assignment of a persisted value / a bare put", "assign", "put", 1.5, 1.1},

@@ -1,9 +1,8 @@
-#include "quorin/core/Loading.hpp"
-
 #include "quorin/platform/json/Parse.hpp"
 
 #include "bench/Competitors.hpp"
 #include "bench/Documents.hpp"
+#include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
 
 #include <cstdio>
@@ -23,11 +22,6 @@ const std::string& padded(const std::string& document) {
 }
 
 json::ParseResult parse(const std::string& text) { return json::parse(text, text.capacity() - text.size()); }
-
-auto load(const std::string& text, const std::shared_ptr<ReadReport>& report = {}) {
-    const auto document = *parse(text).value()->asObject();
-    return *loading::configurationIn(document, text, {.deviceID = "D", .brand = Brand::orvel, .report = report});
-}
 
 Configuration read(const DocumentMap& section, ReadReport* report) { return *Configuration::fromJSON(section, report); }
 

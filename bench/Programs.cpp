@@ -44,7 +44,7 @@ void addCompilation(const std::string& name, const std::string& file) {
 }  // namespace
 
 Rows programRows() {
-    static const auto& folder = *new support::TemporaryFolder;
+    static const support::TemporaryFolder folder;
     const std::string document = folder.write("small.json", smallDocument());
     addRun("program", {QUORIN_PROGRAM, "load", document, "--store", ":memory:"});
     addRun("program-empty", {QUORIN_EMPTY_PROGRAM});

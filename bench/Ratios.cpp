@@ -23,15 +23,11 @@ double Ratios::median(const std::string& name) const {
     return times[times.size() / 2];
 }
 
-void Ratios::print(const std::vector<Row>& rows) const {
-    const char* separator = "";
-    std::printf("[");
-    for (const Row& row : rows) {
-        std::printf("%s\n  {\"row\": \"%s\", \"ours\": %.1f, \"theirs\": %.1f, \"floor\": %g, \"stretch\": %g}",
-                    separator, row.title.c_str(), median(row.ours), median(row.theirs), row.floor, row.stretch);
-        separator = ",";
-    }
-    std::printf("\n]\n");
+std::vector<Measured> Ratios::of(const std::vector<Row>& rows) const {
+    std::vector<Measured> measured;
+    for (const Row& row : rows)
+        measured.push_back({row.title, median(row.ours), median(row.theirs), row.floor, row.stretch});
+    return measured;
 }
 
 }  // namespace quorin::bench

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bench/Measured.hpp"
+
 #include <benchmark/benchmark.h>
 
 #include <map>
@@ -17,14 +19,14 @@ struct Row {
     double stretch = 0;
 };
 
-/// Keeps every repetition of every benchmark and prints medians.
+/// Keeps every repetition of every benchmark.
 class Ratios : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// Prints the rows as JSON, with the medians of both sides; ends the program where one was not measured.
-    void print(const std::vector<Row>& rows) const;
+    /// The rows with the medians of both sides; ends the program where one was not measured.
+    std::vector<Measured> of(const std::vector<Row>& rows) const;
 
 private:
     double median(const std::string& name) const;

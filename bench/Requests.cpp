@@ -3,6 +3,7 @@
 #include "quorin/services/requests/Skell.hpp"
 #include "quorin/services/requests/URLEncode.hpp"
 
+#include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
 
 #include <curl/curl.h>
@@ -53,16 +54,10 @@ struct Search : APIParams {
     bool hasValidParams() const override { return true; }
 };
 
-Platform inMemory() {
-    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
-    platform.store = std::make_shared<MorrStandard>(morr::Options{});
-    return platform;
-}
-
 }  // namespace
 
 Rows requestRows() {
-    static auto& manager = *new ConfigurationManager::Instance(inMemory());
+    static auto& manager = *new ConfigurationManager::Instance(platformOn(std::string(morr::memoryPath)));
     const WebService service{.name = "search",
                              .url = "https://search.vexo.example/v1/{kind}/search",
                              .contentTypeHeader = ContentType::JSON,

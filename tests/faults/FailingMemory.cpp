@@ -56,6 +56,7 @@ Taken takenBy(const std::function<void()>& call) {
     taken = {};
     held = 0;
     call();
+    taken.kept = held;
     return taken;
 }
 

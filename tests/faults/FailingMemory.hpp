@@ -16,6 +16,7 @@ struct Taken {
     long allocations = 0;
     long bytes = 0;  ///< of all of them together
     long peak = 0;   ///< the most that was held at once, beyond what was held before
+    long kept = 0;   ///< what is still held at the end
 };
 
 /// What `call` takes while it runs.

@@ -1,0 +1,33 @@
+#include "bench/Ours.hpp"
+
+#include "quorin/core/Loading.hpp"
+#include "quorin/platform/json/Parse.hpp"
+#include "quorin/platform/rx/Wait.hpp"
+
+#include <cstdlib>
+
+namespace quorin::bench {
+
+std::shared_ptr<const Configuration> load(const std::string& text, const std::shared_ptr<ReadReport>& report) {
+    const auto document = *json::parse(text, text.capacity() - text.size()).value()->asObject();
+    const auto loaded =
+        loading::configurationIn(document, text, {.deviceID = "D", .brand = Brand::orvel, .report = report});
+    if (!loaded) std::abort();
+    return *loaded;
+}
+
+Platform platformOn(const std::string& store) {
+    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
+    platform.store = std::make_shared<MorrStandard>(morr::Options{.path = store});
+    platform.transport.cookies = std::make_shared<foundation::HTTPCookieStorage>();
+    return platform;
+}
+
+void makeCurrent(const std::string& file) {
+    static const bool isInstalled = platform::install(platformOn(std::string(morr::memoryPath)));
+    if (!isInstalled) std::abort();
+    auto& manager = ConfigurationManager::sharedInstance();
+    if (!rx::wait(manager.initialize(PathURL{file}, {.brand = Brand::orvel}))) std::abort();
+}
+
+}  // namespace quorin::bench
