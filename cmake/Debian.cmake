@@ -19,6 +19,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(library libquorinconfigmanager${quorin_soversion})
 set(CPACK_DEBIAN_LIB_PACKAGE_NAME ${library})
 set(CPACK_DEBIAN_LIB_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_LIB_PACKAGE_DEPENDS libcurl4) # opened by the first request, which no tool sees
 set(CPACK_DEBIAN_LIB_DESCRIPTION
     "remote configuration of branded video apps - shared library
 Loads one JSON document from a URL or a file, picks the brand's section and
@@ -29,7 +30,7 @@ that requests need, and builds and sends the requests.")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquorinconfigmanager-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_SHLIBDEPS OFF)
-set(depends "${library} (= ${PROJECT_VERSION})" libsimdjson-dev libcurl4-openssl-dev libsqlite3-dev uuid-dev libssl-dev
+set(depends "${library} (= ${PROJECT_VERSION})" libsimdjson-dev libsqlite3-dev uuid-dev libsodium-dev
             zlib1g-dev libbrotli-dev libpsl-dev liburiparser-dev libpugixml-dev)
 list(JOIN depends ", " CPACK_DEBIAN_DEV_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_DEV_DESCRIPTION
@@ -39,6 +40,7 @@ them. No header includes one of another library.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME quorin)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS libcurl4)
 set(CPACK_DEBIAN_TOOL_DESCRIPTION
     "reads remote configurations of branded video apps
 For authors of such configurations and for support: shows what an app takes

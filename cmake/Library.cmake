@@ -3,6 +3,11 @@
 find_package(Threads REQUIRED GLOBAL)
 find_package(PkgConfig REQUIRED)
 include(cmake/Dependencies.cmake)
+# Opened by the first request and not linked: only its headers are wanted here.
+pkg_check_modules(quorin_libcurl QUIET IMPORTED_TARGET GLOBAL libcurl)
+if(NOT quorin_libcurl_FOUND)
+    list(APPEND quorin_missing_modules libcurl)
+endif()
 if(quorin_missing_modules)
     message(FATAL_ERROR "pkg-config does not find ${quorin_missing_modules}")
 endif()
@@ -22,6 +27,7 @@ foreach(floor IN LISTS quorin_floors)
     list(APPEND quorin_objects $<TARGET_OBJECTS:${name}>)
 endforeach()
 target_link_libraries(quorin_platform PRIVATE ${quorin_platform_libraries})
+target_include_directories(quorin_platform SYSTEM PRIVATE ${quorin_libcurl_INCLUDE_DIRS})
 
 # The one place where the version enters the code.
 set_source_files_properties(

@@ -44,6 +44,25 @@ class FromURLs(ProgramTest):
             self.assertEqual(self.done("headers", server.url("/c")).json["appversion"], "1.0.0")
 
 
+class WithoutTheHTTPLibrary(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        (self.folder / "libcurl.so.4").write_bytes(b"no library")
+        self.variables = {"LD_LIBRARY_PATH": str(self.folder)}
+
+    def test_a_request_fails_and_says_what_is_missing(self):
+        with Server({"/c.json": answer(JSON)}) as server:
+            record = self.record(1, "load", server.url("/c.json"), variables=self.variables)
+            self.assertEqual(record["kind"], "network")
+            self.assertIn("libcurl.so.4 cannot be opened; install it", record["message"])
+            self.assertEqual(server.requests, [])
+
+    def test_a_file_is_loaded_as_ever(self):
+        (self.folder / "c.json").write_bytes(b'{"common": {"termsOfUse": "t"}}')
+        loaded = self.done("load", str(self.folder / "c.json"), variables=self.variables).json
+        self.assertEqual(loaded["common"], JSON["common"])
+
+
 class Certificates(ProgramTest):
     def setUp(self):
         super().setUp()

@@ -1,24 +1,15 @@
 #include "quorin/platform/foundation/Base64.hpp"
 
-#include <openssl/evp.h>
-
-#include <algorithm>
-#include <cstddef>
+#include <sodium.h>
 
 namespace quorin::foundation {
 
 std::string base64(std::string_view bytes) {
-    constexpr std::size_t most = 3 << 20;  // in one call: the library counts in int, and groups of three stay whole
-    std::string text((bytes.size() + 2) / 3 * 4 + 1, '\0');
-    std::size_t written = 0;
-    while (!bytes.empty()) {
-        const auto part = bytes.substr(0, most);
-        auto* const to = reinterpret_cast<unsigned char*>(text.data() + written);
-        const auto* const from = reinterpret_cast<const unsigned char*>(part.data());
-        written += static_cast<std::size_t>(EVP_EncodeBlock(to, from, static_cast<int>(part.size())));
-        bytes.remove_prefix(part.size());
-    }
-    text.resize(written);
+    constexpr int variant = sodium_base64_VARIANT_ORIGINAL;
+    std::string text(sodium_base64_encoded_len(bytes.size(), variant), '\0');
+    const auto* const from = reinterpret_cast<const unsigned char*>(bytes.data());
+    sodium_bin2base64(text.data(), text.size(), from, bytes.size(), variant);
+    text.pop_back();
     return text;
 }
 

@@ -1,8 +1,7 @@
 #include "quorin/platform/skell/Address.hpp"
 
 #include "quorin/platform/foundation/RawValues.hpp"
-
-#include <curl/curl.h>
+#include "quorin/platform/skell/Curl.hpp"
 
 #include <algorithm>
 #include <memory>
@@ -44,9 +43,9 @@ std::string escaped(std::string_view location) {
 
 std::string part(CURLU* parts, CURLUPart which, unsigned flags = 0) {
     char* text = nullptr;
-    if (curl_url_get(parts, which, &text, flags) != CURLUE_OK) return {};
+    if (curl().url_get(parts, which, &text, flags) != CURLUE_OK) return {};
     std::string copy(text);
-    curl_free(text);
+    curl().free(text);
     return copy;
 }
 
@@ -61,21 +60,21 @@ Address taken(CURLU* parts, std::string url) {
 
 std::optional<Address> Address::of(std::string_view url) {
     const std::string text(url);
-    const Parts parts(curl_url(), curl_url_cleanup);
+    const Parts parts(curl().url(), curl().url_cleanup);
     const auto mark = url.find("://");
     // libcurl takes the path of "http:///x" for a host.
     if (!parts || !hasOnlyURLCharacters(url) || mark == url.npos || url.substr(mark + 3).starts_with('/')) return {};
-    if (curl_url_set(parts.get(), CURLUPART_URL, text.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) return {};
+    if (curl().url_set(parts.get(), CURLUPART_URL, text.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) return {};
     return taken(parts.get(), text);
 }
 
 std::optional<Address> Address::resolve(std::string_view location) const {
-    const Parts parts(curl_url(), curl_url_cleanup);
-    if (!parts || curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) {
+    const Parts parts(curl().url(), curl().url_cleanup);
+    if (!parts || curl().url_set(parts.get(), CURLUPART_URL, url.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) {
         return {};
     }
     const std::string reference = escaped(location);
-    if (curl_url_set(parts.get(), CURLUPART_URL, reference.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) return {};
+    if (curl().url_set(parts.get(), CURLUPART_URL, reference.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) return {};
     return taken(parts.get(), part(parts.get(), CURLUPART_URL));
 }
 

@@ -2,6 +2,7 @@
 
 #include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/skell/Address.hpp"
+#include "quorin/platform/skell/Curl.hpp"
 
 #include <algorithm>
 #include <array>
@@ -93,6 +94,7 @@ std::optional<SkellError> refusal(const Hop& hop) {
     const auto invalid = [&](const std::string& what) {
         return failure(SkellError::Kind::invalidRequest, hop.url, what);
     };
+    if (!openCurl()) return failure(SkellError::Kind::network, hop.url, noCurl);
     const auto address = Address::of(hop.url);
     if (!address || address->host.empty())
         return failure(SkellError::Kind::invalidURL, hop.url, "not a URL to request");

@@ -50,11 +50,11 @@ Loop::Loop() = default;
 // libcurl starts OpenSSL, which takes itself down in a handler of the exit. Handlers run last to first, so ours, which
 // comes after it, ends the thread while OpenSSL still stands.
 void Loop::start() {
-    if (curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) return;
-    CURLM* const multi = curl_multi_init();
+    if (!openCurl() || curl().global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) return;
+    CURLM* const multi = curl().multi_init();
     if (!multi) return;
-    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
-    pollTime_ = curl_multi_wakeup(multi) == CURLM_OK ? untilWoken : withoutWaking;
+    curl().multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
+    pollTime_ = curl().multi_wakeup(multi) == CURLM_OK ? untilWoken : withoutWaking;
     multi_ = multi;
     if (std::atexit([] { shared().stop(); }) != 0) return;
     const SignalsBlocked blocked;
@@ -76,7 +76,7 @@ std::optional<SkellError::Kind> Loop::post(Task task) {
         isFirst = tasks_.empty();
         tasks_.push_back(std::move(task));
     }
-    if (isFirst && !isOnThread()) curl_multi_wakeup(multi_);
+    if (isFirst && !isOnThread()) curl().multi_wakeup(multi_);
     return std::nullopt;
 }
 
@@ -86,26 +86,26 @@ bool Loop::isStopping() const {
 }
 
 CURL* Loop::acquire() {
-    if (idle_.empty()) return curl_easy_init();
+    if (idle_.empty()) return curl().easy_init();
     CURL* const easy = idle_.back();
     idle_.pop_back();
     return easy;
 }
 
 void Loop::release(CURL* easy) {
-    if (idle_.size() == mostIdleHandles) return curl_easy_cleanup(easy);
-    curl_easy_reset(easy);
+    if (idle_.size() == mostIdleHandles) return curl().easy_cleanup(easy);
+    curl().easy_reset(easy);
     idle_.push_back(easy);
 }
 
 bool Loop::add(CURL* easy, std::shared_ptr<Exchange> exchange) {
-    if (curl_multi_add_handle(multi_, easy) != CURLM_OK) return false;
+    if (curl().multi_add_handle(multi_, easy) != CURLM_OK) return false;
     running_[easy] = std::move(exchange);
     return true;
 }
 
 void Loop::remove(CURL* easy) {
-    curl_multi_remove_handle(multi_, easy);
+    curl().multi_remove_handle(multi_, easy);
     running_.erase(easy);
 }
 
@@ -113,9 +113,9 @@ void Loop::run() {
     while (!isStopping()) {
         runTasks();
         int active = 0;
-        CURLMcode code = curl_multi_perform(multi_, &active);
+        CURLMcode code = curl().multi_perform(multi_, &active);
         deliverEnded();
-        if (code == CURLM_OK && !hasTasks()) code = curl_multi_poll(multi_, nullptr, 0, pollTime_, nullptr);
+        if (code == CURLM_OK && !hasTasks()) code = curl().multi_poll(multi_, nullptr, 0, pollTime_, nullptr);
         if (code == CURLM_OK) continue;
         failAll(CURLE_OUT_OF_MEMORY);
         std::this_thread::sleep_for(std::chrono::milliseconds(withoutWaking));  // it may fail again at once
@@ -148,7 +148,7 @@ void Loop::runTasks() {
 void Loop::deliverEnded() {
     int left = 0;
     while (!isStopping()) {
-        const CURLMsg* const message = curl_multi_info_read(multi_, &left);
+        const CURLMsg* const message = curl().multi_info_read(multi_, &left);
         if (!message) return;
         if (message->msg != CURLMSG_DONE) continue;
         CURL* const easy = message->easy_handle;
@@ -203,7 +203,7 @@ void Loop::stop() {
         isStopping_ = true;
     }
     if (isOnThread()) return cancelAll();  // from a handler, to which it won't return
-    curl_multi_wakeup(multi_);
+    curl().multi_wakeup(multi_);
     std::unique_lock lock(mutex_);
     isAbandoned_ = !finished_.wait_for(lock, patienceAtExit, [this] { return isFinished_; });
     if (isAbandoned_) return;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "quorin/platform/skell/Curl.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
 
-#include <curl/curl.h>
 #include <sys/types.h>
 #include <unistd.h>
 

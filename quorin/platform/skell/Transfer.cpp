@@ -17,7 +17,7 @@ Transfer::Transfer(CURL* easy, Hop hop, const Transport& transport)
     : easy_(easy),
       hop_(std::move(hop)),
       transport_(transport),
-      lines_(nullptr, curl_slist_free_all),
+      lines_(nullptr, curl().slist_free_all),
       body_(transport.maxBody) {}
 
 CURLcode Transfer::prepare(std::chrono::milliseconds left) {
@@ -129,7 +129,7 @@ SkellError Transfer::failed(CURLcode code) const {
     std::string what = whatOf(kind);
     if (kind == SkellError::Kind::tls) what += failedCertificate();
     if (kind == SkellError::Kind::network || kind == SkellError::Kind::invalidRequest) {
-        what.append(" (").append(curl_easy_strerror(code)).append(")");
+        what.append(" (").append(curl().easy_strerror(code)).append(")");
     }
     return failure(kind, hop_.url, what);
 }

@@ -2,11 +2,11 @@
 
 #include "quorin/platform/skell/Body.hpp"
 #include "quorin/platform/skell/ContentDecoder.hpp"
+#include "quorin/platform/skell/Curl.hpp"
 #include "quorin/platform/skell/Hop.hpp"
 #include "quorin/platform/skell/ResponseHead.hpp"
 #include "quorin/platform/skell/Transport.hpp"
 
-#include <curl/curl.h>
 
 #include <array>
 #include <chrono>

@@ -15,9 +15,9 @@ namespace {
 class Lines {
 public:
     void add(const std::string& line) {
-        curl_slist* longer = curl_slist_append(list_, line.c_str());
+        curl_slist* longer = curl().slist_append(list_, line.c_str());
         if (!longer) {
-            curl_slist_free_all(list_);
+            curl().slist_free_all(list_);
             throw std::bad_alloc();
         }
         list_ = longer;
@@ -110,7 +110,7 @@ SkellError::Kind kindOf(CURLcode code, CURL* easy) {
         case CURLE_USE_SSL_FAILED: return SkellError::Kind::tls;
         case CURLE_BAD_CONTENT_ENCODING: return SkellError::Kind::decoding;
         case CURLE_RECV_ERROR:  // also when a proxy refuses the tunnel
-            curl_easy_getinfo(easy, CURLINFO_HTTP_CONNECTCODE, &tunnelStatus);
+            curl().easy_getinfo(easy, CURLINFO_HTTP_CONNECTCODE, &tunnelStatus);
             return tunnelStatus >= 300 ? SkellError::Kind::connect : SkellError::Kind::network;
         default: return SkellError::Kind::network;
     }

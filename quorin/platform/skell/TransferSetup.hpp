@@ -1,9 +1,9 @@
 #pragma once
 
+#include "quorin/platform/skell/Curl.hpp"
 #include "quorin/platform/skell/Hop.hpp"
 #include "quorin/platform/skell/Transport.hpp"
 
-#include <curl/curl.h>
 
 #include <chrono>
 #include <string>
@@ -32,7 +32,7 @@ public:
 
     template <class Value>
     void set(CURLoption option, Value value) {
-        if (code_ == CURLE_OK) code_ = curl_easy_setopt(easy_, option, value);
+        if (code_ == CURLE_OK) code_ = curl().easy_setopt(easy_, option, value);
     }
 
     CURLcode code() const { return code_; }
