@@ -105,26 +105,26 @@ Outcome Database::connect(const StoreFile& file, const std::string& name, int fl
 /// In one transaction, so that all it learns is of one moment.
 Outcome Database::checkContent(const StoreFile& file) {
     Outcome outcome = execute("BEGIN");
-    Statement version, encoding, pageSize;
+    Statement version, pageSize;
+    Tables tables;
     if (outcome) outcome = ask("PRAGMA user_version", version);
-    if (outcome) outcome = ask("PRAGMA encoding", encoding);
     if (outcome) outcome = ask("PRAGMA page_size", pageSize);
+    if (outcome) outcome = readTables(tables);
     if (!outcome) return outcome;
     const int number = sqlite3_column_int(version.get(), 0);
-    const bool isReadable = row::bytes(encoding.get(), 0) == "UTF-8";
     const bool isCut = isCutShort(file, sqlite3_column_int(pageSize.get(), 0));
-    for (Statement* done : {&version, &encoding, &pageSize}) done->reset();
+    for (Statement* done : {&version, &pageSize}) done->reset();
 
-    Tables tables;
-    if (outcome = readTables(tables); !outcome) return outcome;
-    isEmpty_ = isReadable && number == 0 && !tables.any;
+    if (tables.any ? !tables.ours || number != shapeNumber : number != 0) return Outcome::foreign();
+    isEmpty_ = !tables.any;
+    if (isEmpty_) outcome = checkEncoding();
+    if (!outcome) return outcome;
     if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
-    if (!isEmpty_ && !(isReadable && number == shapeNumber && tables.ours)) return Outcome::foreign();
     if (isCut) return {Outcome::Kind::damaged, "its end is missing"};
-    if (!isEmpty_) outcome = checkKeys();
-    return outcome ? execute("COMMIT") : outcome;
+    return execute("COMMIT");
 }
 
+/// The statement of a table is compared as bytes, so one in another encoding than UTF-8 is not ours.
 Outcome Database::readTables(Tables& tables) {
     Statement query;
     Outcome outcome = prepare("SELECT sql FROM sqlite_schema", query);
@@ -137,20 +137,11 @@ Outcome Database::readTables(Tables& tables) {
     return outcomeOf(code);
 }
 
-/// Walks over the whole table, whose pages are checked as they are read.
-Outcome Database::checkKeys() {
-    Statement query;
-    Outcome outcome = prepare("SELECT key FROM entries ORDER BY key", query);
-    if (!outcome) return outcome;
-    std::optional<std::string> last;
-    int code = step(query.get());
-    // Keys of other types than text, which are nobody's, stand behind the texts.
-    for (; code == SQLITE_ROW && sqlite3_column_type(query.get(), 0) == SQLITE_TEXT; code = sqlite3_step(query.get())) {
-        const std::string_view key = row::bytes(query.get(), 0);
-        if (last && key <= *last) return {Outcome::Kind::damaged, "its keys are out of order"};
-        last = key;
-    }
-    return outcomeOf(code);
+/// An empty file may be meant for texts of another encoding than ours.
+Outcome Database::checkEncoding() {
+    Statement encoding;
+    Outcome outcome = ask("PRAGMA encoding", encoding);
+    return outcome && row::bytes(encoding.get(), 0) != "UTF-8" ? Outcome::foreign() : outcome;
 }
 
 /// A change uses more than the table, so before the first one the whole file is looked at.
@@ -190,6 +181,10 @@ void Database::leaveAsItIs() { sqlite3_db_config(connection_.get(), SQLITE_DBCON
 
 Outcome Database::read(std::string_view key, std::optional<StoredValue>& value) {
     value.reset();
+    if (!isWalked_) {
+        StoredValues all;
+        if (Outcome outcome = readAll(all); !outcome) return outcome;
+    }
     if (!select_) {
         Outcome outcome = prepare("SELECT type, value FROM entries WHERE key = ?1", select_);
         if (!outcome) return outcome;
@@ -205,12 +200,18 @@ Outcome Database::readAll(StoredValues& values) {
     values.clear();
     Statement query;
     if (Outcome outcome = prepare("SELECT type, value, key FROM entries ORDER BY key", query); !outcome) return outcome;
+    std::optional<std::string> last;
     int code = step(query.get());
-    for (; code == SQLITE_ROW; code = sqlite3_step(query.get())) {
-        auto value = row::value(query.get(), 0);
-        if (value) values.emplace_hint(values.end(), row::bytes(query.get(), 2), std::move(*value));
+    // Keys of other types than text, which are nobody's, stand behind the texts.
+    for (; code == SQLITE_ROW && sqlite3_column_type(query.get(), 2) == SQLITE_TEXT; code = sqlite3_step(query.get())) {
+        const std::string_view key = row::bytes(query.get(), 2);
+        if (last && key <= *last) return {Outcome::Kind::damaged, "its keys are out of order"};
+        last = key;
+        if (auto value = row::value(query.get(), 0)) values.emplace_hint(values.end(), key, std::move(*value));
     }
-    return outcomeOf(code);
+    Outcome outcome = outcomeOf(code);
+    isWalked_ = isWalked_ || outcome;
+    return outcome;
 }
 
 Outcome Database::write(std::string_view key, const StoredValue& value) {

@@ -61,7 +61,7 @@ private:
     Outcome connect(const StoreFile& file, const std::string& name, int flags);
     Outcome checkContent(const StoreFile& file);
     Outcome readTables(Tables& tables);
-    Outcome checkKeys();
+    Outcome checkEncoding();
     Outcome checkStructure();
     Outcome prepareForWriting();
     Outcome prepare(const char* text, Statement& statement);
@@ -72,6 +72,7 @@ private:
 
     std::unique_ptr<sqlite3, CloseConnection> connection_;
     bool isEmpty_ = false;
+    bool isWalked_ = false;  ///< over the whole table, whose pages are checked as they are read
     Statement select_;
     Statement upsert_;
     Statement delete_;

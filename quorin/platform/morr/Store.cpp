@@ -86,7 +86,7 @@ template <class Step>
 Outcome Store::onFile(Step step) {
     Outcome outcome = step();
     if (outcome.kind != Outcome::Kind::damaged) return outcome;
-    database_->leaveAsItIs();
+    if (file_.hasWriteAheadLog()) database_->leaveAsItIs();  // an empty one would only stay behind
     database_.reset();
     if (!options_.setAsideDamaged) return giveUp("is damaged (" + outcome.words + "); move it away"), outcome;
     setAside(file_, outcome);
