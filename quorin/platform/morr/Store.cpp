@@ -8,6 +8,10 @@ constexpr int openingTries = 4;
 
 std::string sentence(const std::string& path, const std::string& rest) { return "the store '" + path + "' " + rest; }
 
+std::string unusable(const Outcome& outcome) {
+    return "cannot be used (" + outcome.words + "); mend it, move it away or name another file";
+}
+
 constexpr char lastsInMemory[] = "; until then values last in memory only";
 
 }  // namespace
@@ -46,7 +50,7 @@ bool Store::connect(const StoreFile& file) {
         return setAside(file, outcome), !file_.problem.empty();
     }
     if (!file.isInPlace()) return false;
-    return giveUp("cannot be used (" + outcome.words + "); mend it, move it away or name another file"), true;
+    return giveUp(unusable(outcome)), true;
 }
 
 void Store::setAside(StoreFile file, const Outcome& outcome) {
@@ -88,7 +92,7 @@ Outcome Store::onFile(Step step) {
     if (outcome.kind != Outcome::Kind::damaged) return outcome;
     if (file_.hasWriteAheadLog()) database_->leaveAsItIs();  // an empty one would only stay behind
     database_.reset();
-    if (!options_.setAsideDamaged) return giveUp("is damaged (" + outcome.words + "); move it away"), outcome;
+    if (!options_.setAsideDamaged) return giveUp(unusable(outcome)), outcome;
     setAside(file_, outcome);
     if (file_.problem.empty()) open();
     return database_ ? step() : outcome;
