@@ -7,39 +7,38 @@
 namespace quorin::foundation {
 namespace {
 
-bool isASCII(std::string_view text) {
-    unsigned char bits = 0;
-    for (const char c : text) bits |= static_cast<unsigned char>(c);
-    return bits < 0x80;
-}
-
-/// Pieces are escaped on the stack, so that the target is made longer by no more than it needs.
+/// The target has room for the worst of one piece at a time, and not of all the text.
 constexpr std::size_t pieceSize = 256;
 
-/// Every form is written whole, its size too, and the next one over what of it is not text: no branch depends on a
-/// byte, and four bytes are one move.
-void appendPiece(std::string& target, std::string_view piece, const EscapeSet& set) {
-    std::array<char, 3 * pieceSize + 1> escaped;
-    char* end = escaped.data();
+/// Yields whether the piece is ASCII. Every form is written whole, its size too, and the next one over what of it is
+/// not text: no branch depends on a byte, and four bytes are one move.
+bool appendPiece(std::string& target, std::string_view piece, const EscapeSet& set) {
+    const std::size_t before = target.size();
+    target.resize(before + 3 * piece.size() + 1);
+    char* const begin = target.data() + before;
+    char* end = begin;
+    unsigned char bits = 0;
     for (const char c : piece) {
-        const EscapeSet::Form& form = set[static_cast<unsigned char>(c)];
+        const auto byte = static_cast<unsigned char>(c);
+        const EscapeSet::Form& form = set[byte];
         std::memcpy(end, &form, sizeof form);
         end += form.size;
+        bits |= byte;
     }
-    target.append(escaped.data(), end);
+    target.resize(before + static_cast<std::size_t>(end - begin));
+    return bits < 0x80;
 }
 
 }  // namespace
 
 bool appendPercentEscaped(std::string& target, std::string_view text, const EscapeSet& set) {
-    if (!isASCII(text) && !isUTF8(text)) return false;
-    if (text.size() > pieceSize) target.reserve(target.size() + text.size());
-    while (!text.empty()) {
-        const std::string_view piece = text.substr(0, pieceSize);
-        appendPiece(target, piece, set);
-        text.remove_prefix(piece.size());
-    }
-    return true;
+    const std::size_t before = target.size();
+    bool isASCII = true;
+    for (std::size_t i = 0; i < text.size(); i += pieceSize)
+        isASCII = appendPiece(target, text.substr(i, pieceSize), set) && isASCII;
+    if (isASCII || isUTF8(text)) return true;
+    target.resize(before);
+    return false;
 }
 
 }  // namespace quorin::foundation

@@ -29,7 +29,6 @@ void Exchange::begin() {
     if (transport_.totalTimeout <= milliseconds::zero() || transport_.connectTimeout <= milliseconds::zero()) {
         return fail(SkellError::Kind::invalidRequest, "a transport whose times are not above zero");
     }
-    if (auto refused = refusal(hop_)) return fail(std::move(*refused));
     startHop();
 }
 
