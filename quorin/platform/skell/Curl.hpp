@@ -4,22 +4,33 @@
 
 #include <string_view>
 
-/// The functions that we call, by the names of libcurl without "curl_".
-#define QUORIN_CURL_FUNCTIONS(function) \
-    function(easy_cleanup) function(easy_getinfo) function(easy_init) function(easy_reset) function(easy_setopt) \
-    function(easy_strerror) function(free) function(global_init) function(multi_add_handle) function(multi_info_read) \
-    function(multi_init) function(multi_perform) function(multi_poll) function(multi_remove_handle) \
-    function(multi_setopt) function(multi_wakeup) function(slist_append) function(slist_free_all) function(url) \
-    function(url_cleanup) function(url_get) function(url_set)
-
 namespace quorin::skell {
 
 /// libcurl, which is not linked but opened by the first request: to load it, and some thirty libraries with it, takes
 /// most of the time in which a program starts, and many programs send nothing.
 struct Curl {
-#define QUORIN_CURL_MEMBER(name) decltype(&curl_##name) name;
-    QUORIN_CURL_FUNCTIONS(QUORIN_CURL_MEMBER)
-#undef QUORIN_CURL_MEMBER
+    decltype(&curl_easy_cleanup) easy_cleanup;
+    decltype(&curl_easy_getinfo) easy_getinfo;
+    decltype(&curl_easy_init) easy_init;
+    decltype(&curl_easy_reset) easy_reset;
+    decltype(&curl_easy_setopt) easy_setopt;
+    decltype(&curl_easy_strerror) easy_strerror;
+    decltype(&curl_free) free;
+    decltype(&curl_global_init) global_init;
+    decltype(&curl_multi_add_handle) multi_add_handle;
+    decltype(&curl_multi_info_read) multi_info_read;
+    decltype(&curl_multi_init) multi_init;
+    decltype(&curl_multi_perform) multi_perform;
+    decltype(&curl_multi_poll) multi_poll;
+    decltype(&curl_multi_remove_handle) multi_remove_handle;
+    decltype(&curl_multi_setopt) multi_setopt;
+    decltype(&curl_multi_wakeup) multi_wakeup;
+    decltype(&curl_slist_append) slist_append;
+    decltype(&curl_slist_free_all) slist_free_all;
+    decltype(&curl_url) url;
+    decltype(&curl_url_cleanup) url_cleanup;
+    decltype(&curl_url_get) url_get;
+    decltype(&curl_url_set) url_set;
 };
 
 /// What is said where it cannot be.
