@@ -17,10 +17,9 @@ std::shared_ptr<const Configuration> load(const std::string& text, const std::sh
 }
 
 Platform platformOn(const std::string& store) {
-    Platform platform = Platform::standard({.name = "Bench", .shortVersion = "1"});
-    platform.store = std::make_shared<MorrStandard>(morr::Options{.path = store});
-    platform.transport.cookies = std::make_shared<foundation::HTTPCookieStorage>();
-    return platform;
+    return {.store = std::make_shared<MorrStandard>(morr::Options{.path = store}),
+            .transport = {.cookies = std::make_shared<foundation::HTTPCookieStorage>()},
+            .bundle = {.name = "Bench", .shortVersion = "1"}};
 }
 
 void makeCurrent(const std::string& file) {

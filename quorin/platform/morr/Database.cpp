@@ -102,18 +102,16 @@ Outcome Database::connect(const StoreFile& file, const std::string& name, int fl
     return outcome;
 }
 
-/// In one transaction, so that all it learns is of one moment.
+/// All it learns is of one moment: statements that stand on a row are in one transaction.
 Outcome Database::checkContent(const StoreFile& file) {
-    Outcome outcome = execute("BEGIN");
     Statement version, pageSize;
     Tables tables;
-    if (outcome) outcome = ask("PRAGMA user_version", version);
+    Outcome outcome = ask("PRAGMA user_version", version);
     if (outcome) outcome = ask("PRAGMA page_size", pageSize);
     if (outcome) outcome = readTables(tables);
     if (!outcome) return outcome;
     const int number = sqlite3_column_int(version.get(), 0);
     const bool isCut = isCutShort(file, sqlite3_column_int(pageSize.get(), 0));
-    for (Statement* done : {&version, &pageSize}) done->reset();
 
     if (tables.any ? !tables.ours || number != shapeNumber : number != 0) return Outcome::foreign();
     isEmpty_ = !tables.any;
@@ -121,7 +119,7 @@ Outcome Database::checkContent(const StoreFile& file) {
     if (!outcome) return outcome;
     if (isEmpty_ && isReadOnly()) return {Outcome::Kind::foreign, "it is empty and cannot be written"};
     if (isCut) return {Outcome::Kind::damaged, "its end is missing"};
-    return execute("COMMIT");
+    return {};
 }
 
 /// The statement of a table is compared as bytes, so one in another encoding than UTF-8 is not ours.

@@ -19,6 +19,7 @@ MorrStandard::MorrStandard(morr::Options options) : options_(std::move(options))
 
 /// Closing a file carries its journal over.
 MorrStandard::~MorrStandard() {
+    if (!store_) return;
     const Turn turn(mutex_);
     store_.reset();
 }

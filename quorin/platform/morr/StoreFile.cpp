@@ -118,15 +118,17 @@ StoreFile StoreFile::at(const std::string& path) {
         return {.problem = "has no file name; name a regular file"};
     }
     struct stat facts{};
-    if (lstat(path.c_str(), &facts) != 0 && errno == ENOENT) {
+    int reached = lstat(path.c_str(), &facts);
+    if (reached != 0 && errno == ENOENT) {
         if (const int code = makeFolders(folderOf(path))) {
             return {.problem = because("has no directory, and it cannot be made", code) + "; make it or name another"};
         }
         if (const int code = makeFile(path)) {
             return {.problem = because("cannot be made", code) + "; allow it or name another"};
         }
+        reached = lstat(path.c_str(), &facts);
     }
-    if (lstat(path.c_str(), &facts) != 0) {
+    if (reached != 0) {
         return {.problem = because("cannot be reached", errno) + "; allow it or name another"};
     }
     if (std::string problem = problemOf(path, facts); !problem.empty()) return {.problem = std::move(problem)};
