@@ -2,13 +2,14 @@
 
 #include "quorin/platform/rx/HandlerScope.hpp"
 
+#include <algorithm>
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
-#include <map>
+#include <list>
 #include <mutex>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace quorin::rx {
 namespace {
@@ -21,6 +22,11 @@ struct Delivery {
     AnyEvent event{};
     Number next = 0;
     Number end = 0;
+};
+
+struct Target {
+    Number number = 0;
+    AnyObserver observer{};
 };
 
 struct Call {
@@ -37,8 +43,8 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
     std::mutex mutex{};
     std::condition_variable idle{};
     std::thread::id deliverer{};  ///< that of no thread while the broadcast is idle
-    std::deque<Delivery> queue{};
-    std::map<Number, AnyObserver> targets{};
+    std::list<Delivery> queue{};
+    std::vector<Target> targets{};  ///< in the order of their numbers
     Number nextNumber = 0;
     AnyEvent last{};  ///< empty without replay
     AnyEvent end{};   ///< empty before the end
@@ -51,6 +57,7 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
     void workOff(Lock& lock);
     void drain(Lock& lock);
     Call nextCall();
+    std::vector<Target>::iterator targetFrom(Number number);
 };
 
 void Broadcast::State::send(AnyEvent event) {
@@ -78,7 +85,7 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
         return Disposable();
     }
     const Number number = nextNumber;
-    targets.emplace(number, observer);
+    targets.push_back({number, observer});
     ++nextNumber;
     if (first.content && deliverer == std::this_thread::get_id()) {
         lock.unlock();
@@ -93,9 +100,17 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
 }
 
 void Broadcast::State::remove(Number number) {
-    decltype(targets)::node_type removed;
+    AnyObserver removed;
     const Lock lock(mutex);
-    removed = targets.extract(number);
+    const auto target = targetFrom(number);
+    if (target == targets.end() || target->number != number) return;
+    std::swap(removed, target->observer);
+    targets.erase(target);
+}
+
+std::vector<Target>::iterator Broadcast::State::targetFrom(Number number) {
+    return std::lower_bound(targets.begin(), targets.end(), number,
+                            [](const Target& target, Number first) { return target.number < first; });
 }
 
 /// A thread inside a handler never waits: the other thread might be waiting for it.
@@ -130,10 +145,10 @@ void Broadcast::State::drain(Lock& lock) {
 /// For the event at the head of the queue; when nobody is left to get it, it leaves the queue in a call to nobody.
 Call Broadcast::State::nextCall() {
     Delivery& running = queue.front();
-    const auto target = targets.lower_bound(running.next);
-    if (target != targets.end() && target->first < running.end) {
-        running.next = target->first + 1;
-        return {running.event, target->second};
+    const auto target = targetFrom(running.next);
+    if (target != targets.end() && target->number < running.end) {
+        running.next = target->number + 1;
+        return {running.event, target->observer};
     }
     Call toNobody{std::move(running.event)};
     queue.pop_front();

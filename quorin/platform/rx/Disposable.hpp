@@ -1,7 +1,10 @@
 #pragma once
 
-#include <functional>
+#include <atomic>
+#include <concepts>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #pragma GCC visibility push(default)
 
@@ -14,8 +17,9 @@ public:
     /// A handle to nothing, disposed from the start.
     Disposable() = default;
 
-    /// A handle whose first `dispose()` runs `action`; the action is released after that.
-    explicit Disposable(std::function<void()> action);
+    /// A handle whose first `dispose()` calls `action`, which is released after that.
+    template <std::invocable Action>
+    explicit Disposable(Action action) : state_(std::make_shared<Armed<Action>>(std::move(action))) {}
 
     /// On any thread and any number of times; only the first call of all copies does anything. A later call on another
     /// thread does not wait for the first one.
@@ -25,7 +29,29 @@ public:
     bool isDisposed() const;
 
 private:
-    struct State;
+    struct State {
+        State() = default;
+        State(const State&) = delete;
+        State& operator=(const State&) = delete;
+        virtual ~State() = default;
+        virtual void act() = 0;
+
+        std::atomic<bool> isDisposed = false;
+    };
+
+    template <class Action>
+    struct Armed final : State {
+        explicit Armed(Action given) : action(std::move(given)) {}
+        void act() override {
+            if (!action) return;
+            Action taken = *std::move(action);
+            action.reset();
+            taken();
+        }
+
+        std::optional<Action> action;
+    };
+
     std::shared_ptr<State> state_{};
 };
 

@@ -5,6 +5,7 @@
 #include "quorin/platform/rx/Handlers.hpp"
 #include "quorin/platform/rx/Observer.hpp"
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -18,27 +19,38 @@ namespace quorin::rx {
 template <class T>
 class Observable {
 public:
-    using Source = std::function<Disposable(Observer<T>)>;
     using Handler = std::function<void(const Event<T>&)>;
 
-    /// A stream out of a function that delivers into the observer, at once or later, and yields what stops it. What it
-    /// yields is disposed when the stream has ended or its subscriber left; it should not hold the observer.
+    /// A stream out of a function that takes an `Observer<T>`, delivers into it, at once or later, and yields what
+    /// stops it, a Disposable. What it yields is disposed when the stream has ended or its subscriber left; it should
+    /// not hold the observer.
+    template <std::invocable<Observer<T>> Source>
     explicit Observable(Source source)
         : source_(std::make_shared<const AnyObserver::Source>(
-              [source = std::move(source)](const AnyObserver& observer) { return source(Observer<T>(observer)); })) {}
+              [source = std::move(source)](const AnyObserver& observer) mutable -> Disposable {
+                  return source(Observer<T>(observer));
+              })) {}
 
     /// Runs the source; events that it has at once arrive before this returns. The handler is called on the threads on
     /// which the source delivers, never with a lock held, and ends the process when it throws. After the end and after
     /// `dispose()` it is not called again and is released; when another thread disposes, a call under way is finished.
-    Disposable subscribe(Handler handler) const {
+    template <std::invocable<const Event<T>&> Function>
+    Disposable subscribe(Function handler) const {
         const auto source = source_;  // the handler may drop the stream it is subscribed to
-        return AnyObserver::subscribe(*source, [handler = std::move(handler)](const void* event) {
-            if (handler) handler(*static_cast<const Event<T>*>(event));
+        return AnyObserver::subscribe(*source, [handler = std::move(handler)](const void* event) mutable {
+            handler(*static_cast<const Event<T>*>(event));
+        });
+    }
+
+    /// An empty handler hears of nothing.
+    Disposable subscribe(Handler handler) const {
+        return subscribe([handler = std::move(handler)](const Event<T>& event) {
+            if (handler) handler(event);
         });
     }
 
     Disposable subscribe(Handlers<T> handlers) const {
-        return subscribe(Handler([handlers = std::move(handlers)](const Event<T>& event) { handlers.handle(event); }));
+        return subscribe([handlers = std::move(handlers)](const Event<T>& event) { handlers.handle(event); });
     }
 
 private:
