@@ -5,6 +5,7 @@ if(NOT PROJECT_IS_TOP_LEVEL)
     return()
 endif()
 target_compile_options(quorin_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                                 -Wnull-dereference -Wformat=2 -Wformat-security
                                                  $<$<BOOL:${QUORIN_WERROR}>:-Werror>)
 # g++ 12 sees overlapping copies in optimised string concatenations where there are none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)

@@ -23,7 +23,7 @@ std::size_t distance(std::string_view left, std::string_view right) {
             row[j + 1] = std::min({exchanged, diagonal + 1, row[j] + 1});
         }
     }
-    return row.back();
+    return row[right.size()];
 }
 
 }  // namespace

@@ -2,9 +2,8 @@
 
 #include "quorin/platform/rx/Error.hpp"
 
-#include <cstddef>
+#include <optional>
 #include <utility>
-#include <variant>
 
 #pragma GCC visibility push(default)
 
@@ -14,28 +13,29 @@ namespace quorin::rx {
 template <class T>
 class Event {
 public:
-    static Event next(T value) { return Event(std::in_place_index<0>, std::move(value)); }
-    static Event failed(Error error) { return Event(std::in_place_index<1>, std::move(error)); }
-    static Event completed() { return Event(std::in_place_index<2>, std::monostate()); }
+    static Event next(T value) { return Event(std::move(value), std::nullopt); }
+    static Event failed(Error error) { return Event(std::nullopt, std::move(error)); }
+    static Event completed() { return Event(std::nullopt, std::nullopt); }
 
     /// Null at the end.
-    const T* value() const { return std::get_if<0>(&content_); }
+    const T* value() const { return value_ ? &*value_ : nullptr; }
+
+    /// The value, only where there is one.
+    const T& operator*() const { return *value_; }
 
     /// Null unless the stream failed.
-    const Error* error() const { return std::get_if<1>(&content_); }
+    const Error* error() const { return error_ ? &*error_ : nullptr; }
 
-    bool isCompleted() const { return content_.index() == 2; }
+    bool isCompleted() const { return !value_ && !error_; }
 
     /// True for an error and for completion: nothing comes after it.
-    bool isTerminal() const { return content_.index() != 0; }
+    bool isTerminal() const { return !value_; }
 
 private:
-    using Content = std::variant<T, Error, std::monostate>;
+    Event(std::optional<T> value, std::optional<Error> error) : value_(std::move(value)), error_(std::move(error)) {}
 
-    template <std::size_t which, class Value>
-    Event(std::in_place_index_t<which> place, Value value) : content_(place, std::move(value)) {}
-
-    Content content_;
+    std::optional<T> value_;
+    std::optional<Error> error_;
 };
 
 }  // namespace quorin::rx

@@ -3,8 +3,8 @@
 #include "quorin/platform/rx/Error.hpp"
 
 #include <concepts>
+#include <optional>
 #include <utility>
-#include <variant>
 
 #pragma GCC visibility push(default)
 
@@ -14,20 +14,20 @@ namespace quorin::rx {
 template <class T>
 class [[nodiscard]] Result {
 public:
-    Result(T value) : content_(std::in_place_index<0>, std::move(value)) {}
-    Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}
+    Result(T value) : value_(std::move(value)) {}
+    Result(Error error) : error_(std::move(error)) {}
 
     template <ErrorType E>
         requires(!std::same_as<E, T>)
     Result(E error) : Result(Error(std::move(error))) {}
 
     /// True when there is a value.
-    explicit operator bool() const { return content_.index() == 0; }
+    explicit operator bool() const { return value_.has_value(); }
 
     /// Only when there is a value.
-    const T& value() const& { return *std::get_if<0>(&content_); }
-    T& value() & { return *std::get_if<0>(&content_); }
-    T&& value() && { return std::move(*std::get_if<0>(&content_)); }
+    const T& value() const& { return *value_; }
+    T& value() & { return *value_; }
+    T&& value() && { return *std::move(value_); }
 
     const T& operator*() const& { return value(); }
     T& operator*() & { return value(); }
@@ -36,10 +36,11 @@ public:
     T* operator->() { return &value(); }
 
     /// Only when there is no value.
-    const Error& error() const { return *std::get_if<1>(&content_); }
+    const Error& error() const { return *error_; }
 
 private:
-    std::variant<T, Error> content_;
+    std::optional<T> value_{};
+    std::optional<Error> error_{};
 };
 
 }  // namespace quorin::rx

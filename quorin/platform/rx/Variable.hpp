@@ -22,7 +22,7 @@ public:
     /// Always the last one assigned, also while it is still being delivered.
     T value() const {
         const std::shared_ptr<const void> last = cell_.last();
-        return *static_cast<const Event<T>*>(last.get())->value();
+        return **static_cast<const Event<T>*>(last.get());
     }
 
     /// Delivers to all subscribers before it returns, on the calling thread and also when the value is an equal one.

@@ -21,8 +21,9 @@ rx::Result<T> decoded(const Response& response, std::optional<T> (json::Value::*
     if (auto refused = statusFailure(response)) return *std::move(refused);
     const std::string& body = response.body();
     const json::ParseResult parsed = json::parse(body, body.capacity() - body.size());
-    if (!parsed) return notJSON(response, *parsed.error());
-    if (auto value = (parsed.value()->*shaped)()) return std::move(*value);
+    const json::Value* const whole = parsed.value();
+    if (!whole) return notJSON(response, *parsed.error());
+    if (auto value = (whole->*shaped)()) return std::move(*value);
     return failure(SkellError::Kind::decoding, response.url(), std::string("a body that is no JSON ") + shape);
 }
 
