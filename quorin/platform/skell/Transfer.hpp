@@ -7,7 +7,6 @@
 #include "quorin/platform/skell/ResponseHead.hpp"
 #include "quorin/platform/skell/Transport.hpp"
 
-
 #include <array>
 #include <chrono>
 #include <memory>

@@ -4,7 +4,6 @@
 #include "quorin/platform/skell/Hop.hpp"
 #include "quorin/platform/skell/Transport.hpp"
 
-
 #include <chrono>
 #include <string>
 

@@ -30,7 +30,8 @@ public:
         std::string words = ofTree(result.value(), "as it is");
         if (words.empty()) words = ofPadded();
         if (words.empty()) words = ofStrict(result);
-        if (words.empty() && !result) words = ofError(*result.error());
+        const ParseError* const error = result.error();
+        if (words.empty() && error) words = ofError(*error);
         return words;
     }
 
@@ -52,8 +53,8 @@ private:
         const std::size_t mark = text_.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
         const StrictResult strict = parseStrictly(std::string_view(text_).substr(mark));
         std::string words = ofTree(strict.value ? &*strict.value : nullptr, "strictly");
-        if (words.empty() && !result && strict.offset + mark != result.error()->offset)
-            words = "two places of one error";
+        const ParseError* const error = result.error();
+        if (words.empty() && error && strict.offset + mark != error->offset) words = "two places of one error";
         return words;
     }
 
@@ -65,7 +66,8 @@ private:
         if (text_.find('\0') != text_.npos) return text_[error.offset] == '\0' ? "" : "the error is not at the NUL";
         if (std::string_view(text_).substr(error.offset).starts_with(byteOrderMark)) return "";
         const ParseResult front = parse(std::string_view(text_).substr(0, error.offset + 1));
-        return front || front.error()->offset != error.offset ? "the place depends on what follows" : "";
+        const ParseError* const inFront = front.error();
+        return inFront && inFront->offset == error.offset ? "" : "the place depends on what follows";
     }
 
     const std::string& text_;
