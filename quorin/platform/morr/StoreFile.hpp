@@ -38,6 +38,10 @@ struct StoreFile {
     /// Renames the file and its journals to `NAME.damaged-TIMESTAMP`, and yields the new name. Empty when another
     /// process has done so first. A failure leaves a `problem`.
     std::string setAside();
+
+private:
+    /// As `at`; the file may be gone again before all of it is known.
+    static StoreFile look(const std::string& path, bool& isGone);
 };
 
 }  // namespace quorin::morr
