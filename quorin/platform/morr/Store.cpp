@@ -26,6 +26,7 @@ void Store::open() {
     }
     for (int i = 0; i < openingTries; ++i) {
         file_ = StoreFile::at(options_.path);
+        if (file_.isGone) continue;
         if (!file_.problem.empty()) return giveUp(file_.problem);
         if (connect(file_)) return;
     }

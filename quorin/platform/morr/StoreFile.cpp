@@ -111,22 +111,14 @@ bool hasContent(const std::string& path) {
     return lstat(path.c_str(), &facts) == 0 && facts.st_size > 0;
 }
 
-/// Other processes may set a damaged file aside while it is looked at; more often than this is no accident.
-constexpr int looks = 4;
+/// What was there a moment ago, or was just made, and is not there is gone.
+StoreFile unreachable(int code) {
+    return {.problem = because("cannot be reached", code) + "; allow it or name another", .isGone = code == ENOENT};
+}
 
 }  // namespace
 
 StoreFile StoreFile::at(const std::string& path) {
-    StoreFile file;
-    for (int i = 0; i < looks; ++i) {
-        bool isGone = false;
-        file = look(path, isGone);
-        if (!isGone) break;
-    }
-    return file;
-}
-
-StoreFile StoreFile::look(const std::string& path, bool& isGone) {
     if (path.empty() || path.back() == '/' || path.find('\0') != std::string::npos) {
         return {.problem = "has no file name; name a regular file"};
     }
@@ -141,17 +133,11 @@ StoreFile StoreFile::look(const std::string& path, bool& isGone) {
         }
         reached = lstat(path.c_str(), &facts);
     }
-    if (reached != 0) {
-        isGone = errno == ENOENT;
-        return {.problem = because("cannot be reached", errno) + "; allow it or name another"};
-    }
+    if (reached != 0) return unreachable(errno);
     if (std::string problem = problemOf(path, facts); !problem.empty()) return {.problem = std::move(problem)};
 
     char* const real = realpath(path.c_str(), nullptr);
-    if (!real) {
-        isGone = errno == ENOENT;
-        return {.problem = because("cannot be reached", errno) + "; allow it or name another"};
-    }
+    if (!real) return unreachable(errno);
     StoreFile file{.path = real, .device = facts.st_dev, .inode = facts.st_ino};
     std::free(real);
     return file;

@@ -17,6 +17,8 @@ struct StoreFile {
     ino_t inode = 0;
     /// Why there is no usable file and what to do, to follow the file's name in a sentence; empty where there is one.
     std::string problem{};
+    /// Another process took the file away while it was looked at, as when it sets it aside: to be looked at again.
+    bool isGone = false;
 
     /// Finds the file, or makes it (mode 0600) and the directories above it (0700). Existing ones stay as they are. No
     /// file of a store: a directory, pipe, socket or device, and a symbolic link to any of them, to nothing, or to a
@@ -38,10 +40,6 @@ struct StoreFile {
     /// Renames the file and its journals to `NAME.damaged-TIMESTAMP`, and yields the new name. Empty when another
     /// process has done so first. A failure leaves a `problem`.
     std::string setAside();
-
-private:
-    /// As `at`; the file may be gone again before all of it is known.
-    static StoreFile look(const std::string& path, bool& isGone);
 };
 
 }  // namespace quorin::morr
