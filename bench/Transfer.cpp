@@ -103,7 +103,7 @@ Rows transferRows() {
     curl_easy_setopt(handle, CURLOPT_URL, server.url("/a.json").c_str());
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, append);
     const auto request = skell::Request::GET(server.url("/a.json"));
-    get(request);
+    get(request);  // starts the thread of the requests on this processor
     add("get", [request] {
         const OneProcessor same;
         return Chain(request, chainLength).run();
