@@ -13,15 +13,34 @@
 #include <utility>
 
 namespace quorin {
+namespace {
+
+/// The arguments of a load whose report comes to the host's place only when the load is done.
+struct Reporting {
+    explicit Reporting(const LoadArguments& given) : arguments(given), place(given.report) {
+        if (place) arguments.report = std::make_shared<ReadReport>();
+    }
+
+    void handOver() const {
+        if (place) *place = std::move(*arguments.report);
+    }
+
+    LoadArguments arguments;
+    std::shared_ptr<ReadReport> place;
+};
+
+}  // namespace
 
 /// What loads replace. A load that is under way keeps it, so it may end after its manager.
 struct ConfigurationManager::Instance::Loaded {
     Snapshot<Configuration> configuration{};
     UserZ userZ{};
 
-    void adopt(ConfigurationPointer next, const std::string& zone) {
+    /// First what takes memory, and may fail: a failed load leaves everything as it is.
+    void adopt(ConfigurationPointer next, std::string zone, const Reporting& reporting) {
+        userZ.set(std::move(zone));
         configuration.set(std::move(next));
-        userZ.set(zone);
+        reporting.handOver();
     }
 };
 
@@ -42,8 +61,9 @@ rx::Observable<ConfigurationManager::Instance::ConfigurationPointer> Configurati
                        services = platform_](const skell::Response& response) -> rx::Result<ConfigurationPointer> {
         const auto document = skell::jsonObject(response);
         if (!document) return document.error();
-        auto configuration = loading::configurationIn(*document, response.body(), arguments);
-        if (configuration) loaded->adopt(*configuration, ConfigurationManagerUtils::generateZ(services));
+        const Reporting reporting(arguments);
+        auto configuration = loading::configurationIn(*document, response.body(), reporting.arguments);
+        if (configuration) loaded->adopt(*configuration, ConfigurationManagerUtils::generateZ(services), reporting);
         return configuration;
     };
     return rx::map(request.response(), load);
@@ -51,10 +71,12 @@ rx::Observable<ConfigurationManager::Instance::ConfigurationPointer> Configurati
 
 rx::Observable<ConfigurationManager::Instance::ConfigurationPointer> ConfigurationManager::Instance::initialize(
     const PathURL& file, const LoadArguments& arguments) const {
-    const auto configuration = loading::configurationAt(file, arguments);
+    const Reporting reporting(arguments);
+    const auto configuration = loading::configurationAt(file, reporting.arguments);
     if (!configuration) return rx::error<ConfigurationPointer>(configuration.error());
-    loaded_->adopt(*configuration, ConfigurationManagerUtils::generateZ(platform_));
-    return rx::just(*configuration);
+    auto delivering = rx::just(*configuration);
+    loaded_->adopt(*configuration, ConfigurationManagerUtils::generateZ(platform_), reporting);
+    return delivering;
 }
 
 DocumentMap ConfigurationManager::Instance::config(const DocumentMap& json, std::optional<Brand> brand) {

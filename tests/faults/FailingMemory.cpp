@@ -14,13 +14,19 @@ namespace {
 /// How many allocations of this thread succeed before one fails; negative: all do.
 thread_local long untilFailure = -1;
 
+thread_local bool keepsFailing = false;
+thread_local bool hasFailed = false;
+
 thread_local constinit Taken taken{};
 thread_local long held = 0;
 
 void* allocate(std::size_t size, std::size_t alignment) noexcept {
-    const bool fails = untilFailure == 0;
-    if (untilFailure >= 0) --untilFailure;
-    if (fails) return nullptr;
+    if (untilFailure == 0) {
+        hasFailed = true;
+        if (!keepsFailing) untilFailure = -1;
+        return nullptr;
+    }
+    if (untilFailure > 0) --untilFailure;
     void* memory = nullptr;
     if (posix_memalign(&memory, alignment, size) != 0) return nullptr;
     const auto bytes = static_cast<long>(malloc_usable_size(memory));
@@ -44,10 +50,13 @@ void* allocateOrThrow(std::size_t size, std::size_t alignment) {
 
 }  // namespace
 
-void failAfter(long count) { untilFailure = count; }
+void failAfter(long count, Then then) {
+    untilFailure = count;
+    keepsFailing = then == Then::fails;
+    hasFailed = false;
+}
 
 bool stopFailing() {
-    const bool hasFailed = untilFailure < 0;
     untilFailure = -1;
     return hasFailed;
 }

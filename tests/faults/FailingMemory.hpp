@@ -4,9 +4,13 @@
 
 namespace quorin::faults {
 
-/// From here on, `count` allocations of this thread succeed and the one after them fails, once. It is the `operator
-/// new` of this program that fails, so what the C libraries take from `malloc` is not touched.
-void failAfter(long count);
+/// What comes after an allocation that failed.
+enum class Then { succeeds, fails };
+
+/// From here on, `count` allocations of this thread succeed and the one after them fails; those behind it as `then`
+/// says. It is the `operator new` of this program that fails, and with it what the database library takes, but not what
+/// other C libraries take from `malloc`.
+void failAfter(long count, Then then = Then::succeeds);
 
 /// Lets every allocation succeed again. True if one has failed.
 bool stopFailing();

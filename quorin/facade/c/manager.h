@@ -27,8 +27,8 @@ quorin_status quorin_manager_configuration(quorin_handle* configuration);
 quorin_status quorin_manager_configured(int32_t* configured);
 
 /// The account identifier. Assigning it stores it and makes the account cookie anew, for the domain
-/// that the store holds; no text removes it. Where memory ends while observers are told of an assignment, the process
-/// ends.
+/// that the store holds; no text removes it. QUORIN_NO_MEMORY may come of an assignment that was made: its value tells, and
+/// all observers that have memory for it were told. To assign it again stores it.
 quorin_status quorin_manager_kova(char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_manager_set_kova(quorin_text value);
 

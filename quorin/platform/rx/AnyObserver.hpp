@@ -18,7 +18,7 @@ namespace quorin::rx {
 /// holds nothing of what is upstream, so that streams own one another in one direction.
 class AnyObserver {
 public:
-    using Handler = std::function<void(const void* event)>;
+    using Handler = std::function<void(const AnyEvent&)>;
     using Source = std::function<Disposable(const AnyObserver&)>;
 
     /// An observer that reaches nobody.
@@ -26,13 +26,16 @@ public:
 
     explicit AnyObserver(std::shared_ptr<Subscription> subscription);
 
-    void send(const void* event, bool isTerminal) const;
-    void send(const AnyEvent& event) const { send(event.content.get(), event.isTerminal); }
+    /// A `std::bad_alloc` where the memory of the handler ends.
+    void send(const AnyEvent& event) const;
+
+    /// The same for one who has others to tell first: false where the memory of the handler ends.
+    bool trySend(const AnyEvent& event) const noexcept;
 
     /// True when nothing more reaches the subscriber: the stream ended or was disposed.
     bool isDisposed() const;
 
-    /// Runs the source for the handler and yields what ends that early.
+    /// Runs the source for the handler and yields what ends that early. Nothing stays begun where memory ends.
     static Disposable subscribe(const Source& source, Handler handler);
 
 private:

@@ -1,12 +1,15 @@
 #include "quorin/platform/rx/Broadcast.hpp"
 
 #include "quorin/platform/rx/HandlerScope.hpp"
+#include "quorin/platform/rx/Memory.hpp"
+#include "quorin/platform/rx/Rollback.hpp"
 
 #include <algorithm>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
-#include <list>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -29,6 +32,9 @@ struct Target {
     AnyObserver observer{};
 };
 
+/// As many as are seldom exceeded: one more for each handler, one inside the other, that sends again.
+constexpr std::size_t roomForDeliveries = 4;
+
 struct Call {
     AnyEvent event{};
     AnyObserver target{};
@@ -43,7 +49,7 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
     std::mutex mutex{};
     std::condition_variable idle{};
     std::thread::id deliverer{};  ///< that of no thread while the broadcast is idle
-    std::list<Delivery> queue{};
+    std::vector<Delivery> queue{};
     std::vector<Target> targets{};  ///< in the order of their numbers
     Number nextNumber = 0;
     AnyEvent last{};  ///< empty without replay
@@ -55,7 +61,7 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
 
     void awaitTurn(Lock& lock);
     void workOff(Lock& lock);
-    void drain(Lock& lock);
+    bool drain(Lock& lock);
     Call nextCall();
     std::vector<Target>::iterator targetFrom(Number number);
 };
@@ -85,8 +91,15 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
         return Disposable();
     }
     const Number number = nextNumber;
+    const Disposable place([known = weak_from_this(), number] {
+        if (const auto state = known.lock()) state->remove(number);
+    });
     targets.push_back({number, observer});
     ++nextNumber;
+    Rollback leaving([&] {
+        if (lock.owns_lock()) lock.unlock();
+        remove(number);
+    });
     if (first.content && deliverer == std::this_thread::get_id()) {
         lock.unlock();
         observer.send(first);
@@ -94,9 +107,8 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
         queue.push_back({first, number, number + 1});
         workOff(lock);
     }
-    return Disposable([known = weak_from_this(), number] {
-        if (const auto state = known.lock()) state->remove(number);
-    });
+    leaving.keep();
+    return place;
 }
 
 void Broadcast::State::remove(Number number) {
@@ -119,27 +131,32 @@ void Broadcast::State::awaitTurn(Lock& lock) {
     idle.wait(lock, [this] { return deliverer == std::thread::id(); });
 }
 
-/// Leaves the queue to the thread that is delivering, if that is another one.
+/// Leaves the queue to the thread that is delivering, if that is another one. A handler whose memory ends keeps nobody
+/// else from the event.
 void Broadcast::State::workOff(Lock& lock) {
     const auto self = std::this_thread::get_id();
-    if (deliverer == self) return drain(lock);
-    if (deliverer != std::thread::id()) return;
+    const bool isIdle = deliverer == std::thread::id();
+    if (!isIdle && deliverer != self) return;
     deliverer = self;
-    drain(lock);
-    deliverer = std::thread::id();
+    const bool areAllTold = drain(lock);
+    if (isIdle) deliverer = std::thread::id();
     lock.unlock();
-    idle.notify_all();
+    if (isIdle) idle.notify_all();
+    if (!areAllTold) throw std::bad_alloc();
 }
 
-void Broadcast::State::drain(Lock& lock) {
+/// False where the memory of a handler ended.
+bool Broadcast::State::drain(Lock& lock) {
     const HandlerScope scope;
+    bool areAllTold = true;
     while (!queue.empty()) {
         Call call = nextCall();
         lock.unlock();
-        call.target.send(call.event);
+        areAllTold = call.target.trySend(call.event) && areAllTold;
         call = {};
         lock.lock();
     }
+    return areAllTold;
 }
 
 /// For the event at the head of the queue; when nobody is left to get it, it leaves the queue in a call to nobody.
@@ -151,17 +168,21 @@ Call Broadcast::State::nextCall() {
         return {running.event, target->observer};
     }
     Call toNobody{std::move(running.event)};
-    queue.pop_front();
+    queue.erase(queue.begin());
     return toNobody;
 }
 
-Broadcast::Broadcast() : state_(std::make_shared<State>()) {}
+Broadcast::Broadcast() : state_(std::make_shared<State>()) { state_->queue.reserve(roomForDeliveries); }
 
 Broadcast::Broadcast(AnyEvent initial) : Broadcast() { state_->last = std::move(initial); }
 
 void Broadcast::send(AnyEvent event) const {
     const auto state = state_;  // a handler may drop this broadcast
     state->send(std::move(event));
+}
+
+void Broadcast::end(const AnyEvent& event) const noexcept {
+    hasMemoryFor([&] { send(event); });
 }
 
 Disposable Broadcast::subscribe(const AnyObserver& observer) const {

@@ -22,10 +22,15 @@ public:
 
     /// Delivers before it returns, except inside a handler while another thread delivers: then that thread goes on with
     /// this event. Outside any handler it waits for that thread first. Nothing is sent after a terminal event.
+    ///
+    /// A `std::bad_alloc` where memory ends: before anyone has the event, or in handlers, when all others have it.
     void send(AnyEvent event) const;
 
+    /// Sends a terminal event, and tells nobody where the memory of a handler ends.
+    void end(const AnyEvent& event) const noexcept;
+
     /// Adds a subscriber, with a replay as one more event under the same rules. After the end it gets the last value
-    /// and the end.
+    /// and the end. Nobody is added where memory ends.
     Disposable subscribe(const AnyObserver& observer) const;
 
     /// The last value sent, whether delivered or not. Only with replay.

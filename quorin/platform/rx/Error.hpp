@@ -17,6 +17,15 @@ concept ErrorType = requires(const E& error) {
     { error.description() } -> std::convertible_to<std::string>;
 };
 
+/// The error of a stream for whose next value there is no memory.
+struct NoMemory {
+    static constexpr std::string_view errorName = "rx.NoMemory";
+
+    std::string description() const { return "memory is exhausted"; }
+
+    bool operator==(const NoMemory&) const = default;
+};
+
 /// The error a stream ends with, whatever its type. A copy shares the error, which never changes.
 class Error {
 public:
@@ -24,6 +33,12 @@ public:
     template <ErrorType E>
     Error(E error)
         : value_(std::make_shared<const E>(std::move(error))), name_(E::errorName), describe_(&describeAs<E>) {}
+
+    /// A `NoMemory`, which takes none.
+    static Error noMemory() {
+        static constexpr NoMemory error;
+        return Error(std::shared_ptr<const void>(std::shared_ptr<const void>(), &error), error);
+    }
 
     /// The error as the type it was made from; null when it was made from another. Types are told apart by the text of
     /// their `errorName` and not by an address, which holds between shared libraries and without run-time types.
@@ -36,6 +51,10 @@ public:
     std::string description() const { return describe_(value_.get()); }
 
 private:
+    template <class E>
+    Error(std::shared_ptr<const void> value, const E&)
+        : value_(std::move(value)), name_(E::errorName), describe_(&describeAs<E>) {}
+
     template <class E>
     static std::string describeAs(const void* error) {
         return static_cast<const E*>(error)->description();

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "quorin/platform/rx/Memory.hpp"
 #include "quorin/platform/rx/Observable.hpp"
 #include "quorin/platform/rx/Result.hpp"
 
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -29,20 +31,27 @@ struct Mapped<Result<U>> {
 };
 
 /// Each value turned into what `function` makes of it, which is a value or a Result; a failed Result ends the stream
-/// with its error. The function runs on the delivering thread and ends the process when it throws.
+/// with its error, and one whose memory ends with that of `Error::noMemory()`. The function runs on the delivering
+/// thread and ends the process when it throws anything else.
 template <class T, class Function>
 auto map(Observable<T> stream, Function function) {
-    using To = Mapped<std::remove_cvref_t<std::invoke_result_t<Function&, const T&>>>;
+    using Made = std::remove_cvref_t<std::invoke_result_t<Function&, const T&>>;
+    using To = Mapped<Made>;
     using U = typename To::Value;
     return Observable<U>([stream = std::move(stream), function = std::move(function)](Observer<U> observer) {
         return stream.subscribe([observer = std::move(observer), function](const Event<T>& event) mutable {
             if (observer.isDisposed()) return;
-            if (const T* value = event.value())
-                To::deliver(function(*value), observer);
-            else if (const Error* error = event.error())
+            if (const T* value = event.value()) {
+                std::optional<Made> made;
+                if (hasMemoryFor([&] { made.emplace(function(*value)); }))
+                    To::deliver(*std::move(made), observer);
+                else
+                    observer.fail(Error::noMemory());
+            } else if (const Error* error = event.error()) {
                 observer.fail(*error);
-            else
+            } else {
                 observer.complete();
+            }
         });
     });
 }

@@ -32,14 +32,13 @@ public:
               })) {}
 
     /// Runs the source; events that it has at once arrive before this returns. The handler is called on the threads on
-    /// which the source delivers, never with a lock held, and ends the process when it throws. After the end and after
-    /// `dispose()` it is not called again and is released; when another thread disposes, a call under way is finished.
+    /// which the source delivers, never with a lock held, and ends the process when it throws; only a `std::bad_alloc`
+    /// goes to who delivers, when all others have their event. After the end and after `dispose()` it is not called
+    /// again and is released; when another thread disposes, a call under way is finished.
     template <std::invocable<const Event<T>&> Function>
     Disposable subscribe(Function handler) const {
-        const auto source = source_;  // the handler may drop the stream it is subscribed to
-        return AnyObserver::subscribe(*source, [handler = std::move(handler)](const void* event) mutable {
-            handler(*static_cast<const Event<T>*>(event));
-        });
+        return subscribeUntyped(
+            [handler = std::move(handler)](const AnyEvent& event) mutable { handler(event.as<T>()); });
     }
 
     /// An empty handler hears of nothing.
@@ -51,6 +50,12 @@ public:
 
     Disposable subscribe(Handlers<T> handlers) const {
         return subscribe([handlers = std::move(handlers)](const Event<T>& event) { handlers.handle(event); });
+    }
+
+    /// The same for code that passes the events on without looking at them.
+    Disposable subscribeUntyped(AnyObserver::Handler handler) const {
+        const auto source = source_;  // the handler may drop the stream it is subscribed to
+        return AnyObserver::subscribe(*source, std::move(handler));
     }
 
 private:

@@ -20,8 +20,8 @@ template <class T>
 Observable<T> observeOn(Observable<T> stream, Executor executor) {
     return Observable<T>([stream = std::move(stream), executor = std::move(executor)](const Observer<T>& observer) {
         const auto relay = std::make_shared<Relay>(observer.untyped());
-        return stream.subscribe([relay, executor](const Event<T>& event) {
-            relay->put(AnyEvent::of(event));
+        return stream.subscribeUntyped([relay, executor](const AnyEvent& event) {
+            relay->put(event.template kept<T>());
             executor([relay] { relay->deliverOne(); });
         });
     });

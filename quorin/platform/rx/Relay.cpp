@@ -1,5 +1,6 @@
 #include "quorin/platform/rx/Relay.hpp"
 
+#include <new>
 #include <utility>
 
 namespace quorin::rx {
@@ -13,6 +14,7 @@ void Relay::put(AnyEvent event) {
 
 void Relay::deliverOne() {
     AnyEvent event;
+    bool isDelivered = true;
     std::unique_lock lock(mutex_);
     ++due_;
     if (isDelivering_) return;
@@ -21,12 +23,14 @@ void Relay::deliverOne() {
         event = std::move(events_.front());
         events_.pop_front();
         lock.unlock();
-        observer_.send(event);
+        isDelivered = observer_.trySend(event) && isDelivered;
         event = {};
         lock.lock();
     }
     due_ = 0;
     isDelivering_ = false;
+    lock.unlock();
+    if (!isDelivered) throw std::bad_alloc();
 }
 
 }  // namespace quorin::rx

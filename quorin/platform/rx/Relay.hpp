@@ -19,7 +19,7 @@ public:
 
     void put(AnyEvent event);
 
-    /// Once for each event that was put.
+    /// Once for each event that was put. A `std::bad_alloc` where the memory of the handler ends.
     void deliverOne();
 
 private:

@@ -15,7 +15,8 @@ namespace quorin::rx {
 template <class T>
 Observable<T> share(Observable<T> stream) {
     const auto sharing = std::make_shared<Sharing>([stream = std::move(stream)](Sharing::Feed feed) {
-        return stream.subscribe([feed = std::move(feed)](const Event<T>& event) { feed(AnyEvent::of(event)); });
+        return stream.subscribeUntyped(
+            [feed = std::move(feed)](const AnyEvent& event) { feed(event.template kept<T>()); });
     });
     return Observable<T>([sharing](const Observer<T>& observer) { return sharing->subscribe(observer.untyped()); });
 }

@@ -2,6 +2,7 @@
 
 #include "quorin/platform/rx/Broadcast.hpp"
 #include "quorin/platform/rx/LateDisposable.hpp"
+#include "quorin/platform/rx/Rollback.hpp"
 
 #include <cstddef>
 #include <optional>
@@ -57,10 +58,14 @@ public:
     std::optional<Disposable> join(const AnyObserver& observer) {
         Disposable place;
         if (!membership->join([&] { place = broadcast.subscribe(observer); })) return std::nullopt;
-        return Disposable([place, membership = membership] {
+        const auto leave = [place, membership = membership] {
             place.dispose();
             membership->leave();
-        });
+        };
+        Rollback leaving(leave);
+        const Disposable handle(leave);
+        leaving.keep();
+        return handle;
     }
 };
 
@@ -76,10 +81,12 @@ Disposable Sharing::subscribe(const AnyObserver& observer) {
     const Entrance entrance = enter(observer);
     if (entrance.isFirst) {
         const auto connection = entrance.connection;
+        Rollback leaving([&entrance] { entrance.place.dispose(); });
         connection->membership->upstream.put(connect_([connection](AnyEvent event) {
             if (event.isTerminal) connection->membership->close();
             connection->broadcast.send(std::move(event));
         }));
+        leaving.keep();
     }
     return entrance.place;
 }
@@ -90,8 +97,9 @@ Sharing::Entrance Sharing::enter(const AnyObserver& observer) {
     if (current_) {
         if (const auto place = current_->join(observer)) return {current_, *place, false};
     }
+    const auto place = connection->join(observer);
     std::swap(current_, connection);
-    return {current_, *current_->join(observer), true};
+    return {current_, *place, true};
 }
 
 }  // namespace quorin::rx

@@ -1,6 +1,7 @@
 #include "quorin/platform/rx/Subscription.hpp"
 
 #include "quorin/platform/rx/HandlerScope.hpp"
+#include "quorin/platform/rx/Memory.hpp"
 
 #include <utility>
 
@@ -8,17 +9,17 @@ namespace quorin::rx {
 
 Subscription::Subscription(Handler handler) : handler_(std::make_shared<const Handler>(std::move(handler))) {}
 
-void Subscription::deliver(const void* event, bool isTerminal) noexcept {
+bool Subscription::deliver(const AnyEvent& event) noexcept {
     const HandlerScope scope;
-    if (const SharedHandler handler = isTerminal ? takeHandler() : currentHandler()) (*handler)(event);
-    if (isTerminal) upstream_.dispose();
+    const SharedHandler handler = event.isTerminal ? takeHandler() : currentHandler();
+    const bool isDelivered = !handler || hasMemoryFor([&] { (*handler)(event); });
+    if (event.isTerminal) upstream_->dispose();
+    return isDelivered;
 }
 
 void Subscription::close() { takeHandler(); }
 
 bool Subscription::isClosed() const { return currentHandler() == nullptr; }
-
-void Subscription::setUpstream(const Disposable& upstream) { upstream_.put(upstream); }
 
 Subscription::SharedHandler Subscription::currentHandler() const {
     const std::lock_guard lock(mutex_);

@@ -15,7 +15,7 @@ template <class T>
 class Variable {
 public:
     explicit Variable(T initial) : cell_(AnyEvent::of(Event<T>::next(std::move(initial)))) {}
-    ~Variable() { cell_.send(AnyEvent::of(Event<T>::completed())); }
+    ~Variable() { cell_.end(end_); }
     Variable(const Variable&) = delete;
     Variable& operator=(const Variable&) = delete;
 
@@ -28,6 +28,9 @@ public:
     /// Delivers to all subscribers before it returns, on the calling thread and also when the value is an equal one.
     /// Inside a handler, what is being delivered goes on first; only there, while another thread delivers this cell, it
     /// leaves the delivery to that thread and returns. A handler must not wait for another thread's assignment.
+    ///
+    /// A `std::bad_alloc` means that memory ended: before anything changed, or in a handler, and then the value is
+    /// assigned and all other subscribers have it. `value()` tells.
     void assign(T value) { cell_.send(AnyEvent::of(Event<T>::next(std::move(value)))); }
 
     /// The value of the moment for each new subscriber, then each one assigned. After the cell's destruction the stream
@@ -39,6 +42,7 @@ public:
 
 private:
     Broadcast cell_;
+    const AnyEvent end_ = AnyEvent::of(Event<T>::completed());  ///< made while an exception has somewhere to go
 };
 
 }  // namespace quorin::rx

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quorin/platform/rx/Memory.hpp"
 #include "quorin/platform/rx/Observable.hpp"
 #include "quorin/platform/rx/Result.hpp"
 
@@ -35,10 +36,13 @@ Result<T> wait(const Observable<T>& stream) {
     const Disposable subscription = stream.subscribe([state](const Event<T>& event) {
         if (state->isSettled) return;
         state->isSettled = true;
-        if (const T* value = event.value())
-            state->result.emplace(*value);
-        else
-            state->result.emplace(event.error() ? *event.error() : Error(NoValue()));
+        const bool isKept = hasMemoryFor([&] {
+            if (const T* value = event.value())
+                state->result.emplace(*value);
+            else
+                state->result.emplace(event.error() ? *event.error() : Error(NoValue()));
+        });
+        if (!isKept) state->result.emplace(Error::noMemory());
         state->settled.count_down();
     });
     state->settled.wait();

@@ -9,7 +9,7 @@ namespace quorin::rx {
 namespace {
 
 TEST(Broadcast, ForgetsWhoLeft) {
-    const auto subscription = std::make_shared<Subscription>([](const void*) {});
+    const auto subscription = std::make_shared<Subscription>([](const AnyEvent&) {});
     const Broadcast broadcast;
     const Disposable place = broadcast.subscribe(AnyObserver(subscription));
     EXPECT_EQ(subscription.use_count(), 2);
@@ -21,7 +21,7 @@ TEST(Broadcast, GivesTheEndToWhoComesAfterIt) {
     int calls = 0;
     const Broadcast broadcast;
     broadcast.send(AnyEvent::of(Event<int>::completed()));
-    broadcast.subscribe(AnyObserver(std::make_shared<Subscription>([&](const void*) { ++calls; })));
+    broadcast.subscribe(AnyObserver(std::make_shared<Subscription>([&](const AnyEvent&) { ++calls; })));
     EXPECT_EQ(calls, 1);
 }
 
