@@ -60,6 +60,20 @@ private:
     sqlite3_stmt* statement_;
 };
 
+/// Takes back what a transaction has done, also where memory ends in it.
+class Transaction {
+public:
+    explicit Transaction(sqlite3* connection) : connection_(connection) {}
+    ~Transaction() {
+        if (!sqlite3_get_autocommit(connection_)) sqlite3_exec(connection_, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+private:
+    sqlite3* connection_;
+};
+
 }  // namespace
 
 /// This close waits for the statements that are still there.
@@ -233,14 +247,13 @@ Outcome Database::claim(std::string_view key, const StoredValue& value, std::opt
     Outcome outcome = prepareForWriting();
     if (outcome) outcome = execute("BEGIN IMMEDIATE");
     if (!outcome) return outcome;
+    const Transaction transaction(connection_.get());
     outcome = read(key, there);
     if (outcome && (!there || there->index() != value.index())) {
         outcome = write(key, value);
         there = value;
     }
-    if (outcome) outcome = execute("COMMIT");
-    if (!outcome) execute("ROLLBACK");
-    return outcome;
+    return outcome ? execute("COMMIT") : outcome;
 }
 
 Outcome Database::prepare(const char* text, Statement& statement) {

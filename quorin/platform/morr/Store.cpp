@@ -19,11 +19,17 @@ constexpr char lastsInMemory[] = "; until then values last in memory only";
 Store::Store(const Options& options) : options_(options) { open(); }
 
 void Store::open() {
+    isToBeOpened_ = true;
     database_.reset();
     if (options_.path == memoryPath) {
         state_ = {Status::Kind::memory, {}};
-        return;
+    } else {
+        openFile();
     }
+    isToBeOpened_ = false;
+}
+
+void Store::openFile() {
     for (int i = 0; i < openingTries; ++i) {
         file_ = StoreFile::at(options_.path);
         if (file_.isGone) continue;
@@ -70,6 +76,7 @@ void Store::giveUp(const std::string& problem) {
     database_.reset();
     state_ = {Status::Kind::unavailable, sentence(options_.path, problem) + lastsInMemory};
     trouble_.reset();
+    isToBeOpened_ = false;
 }
 
 void Store::noteTrouble(Status::Kind kind, const Outcome& outcome) {
@@ -82,7 +89,7 @@ void Store::noteTrouble(Status::Kind kind, const Outcome& outcome) {
 
 /// A file that was deleted or replaced meanwhile is opened, or made, anew.
 bool Store::isOnFile() {
-    if (database_ && !database_->isInPlace()) open();
+    if (isToBeOpened_ || (database_ && !database_->isInPlace())) open();
     return database_.has_value();
 }
 
@@ -92,6 +99,7 @@ Outcome Store::onFile(Step step) {
     Outcome outcome = step();
     if (outcome.kind != Outcome::Kind::damaged) return outcome;
     if (file_.hasWriteAheadLog()) database_->leaveAsItIs();  // an empty one would only stay behind
+    isToBeOpened_ = true;
     database_.reset();
     if (!options_.setAsideDamaged) return giveUp(unusable(outcome)), outcome;
     setAside(file_, outcome);

@@ -33,6 +33,7 @@ private:
     using Changes = std::map<std::string, std::optional<StoredValue>, std::less<>>;
 
     void open();
+    void openFile();
     bool connect(const StoreFile& file);
     void setAside(StoreFile file, const Outcome& outcome);
     void giveUp(const std::string& problem);
@@ -46,6 +47,8 @@ private:
     Options options_;
     /// Absent: everything is in memory.
     std::optional<Database> database_;
+    /// Until it is settled how the store works; memory may end before.
+    bool isToBeOpened_ = true;
     StoreFile file_;
     Changes kept_;
     Status state_;
