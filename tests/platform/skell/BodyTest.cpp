@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,17 @@ constexpr std::string_view brotliHello("\x0b\x02\x80hello\x03");
 
 Request limited(const FaultServer& server, std::size_t maxBody) {
     return with({.maxBody = maxBody}, Request::GET(server.url("/")));
+}
+
+/// In two chunks and the end of them.
+std::string chunked(const std::string& bytes) {
+    const auto chunk = [](const std::string& part) {
+        std::ostringstream stream;
+        stream << std::hex << part.size() << "\r\n" << part << "\r\n";
+        return stream.str();
+    };
+    const std::size_t half = bytes.size() / 2;
+    return chunk(bytes.substr(0, half)) + chunk(bytes.substr(half)) + "0\r\n\r\n";
 }
 
 long peakKibibytes() {
@@ -93,6 +105,40 @@ TEST(Body, IsMeasuredInChunksToo) {
     const FaultServer server({{"/", head + "3\r\n123\r\n2\r\n45\r\n0\r\n\r\n"}});
     EXPECT_EQ(performed(limited(server, 5))->body(), "12345");
     EXPECT_EQ(failureKind(limited(server, 4)), "tooLarge");
+}
+
+TEST(Body, IsMeasuredWhereNoLengthIsAnnounced) {
+    const std::string head = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
+    const FaultServer server({{"/", head + "12345"}});
+    EXPECT_EQ(performed(limited(server, 5))->body(), "12345");
+    EXPECT_EQ(failureKind(limited(server, 4)), "tooLarge");
+}
+
+TEST(Body, IsMeasuredAfterDecodingInChunksAndWithoutALength) {
+    const std::string bytes = outputOf("head -c 100000 /dev/zero | gzip -c");
+    const std::string encoded = "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\n";
+    for (const std::string& rest : {"Transfer-Encoding: chunked\r\n\r\n" + chunked(bytes), "\r\n" + bytes}) {
+        const FaultServer server({{"/", encoded + rest}});
+        EXPECT_EQ(failureKind(limited(server, 100'000)), "none");
+        EXPECT_EQ(failureKind(limited(server, 99'999)), "tooLarge");
+    }
+}
+
+TEST(Body, IsNotAwaitedToItsEndBeyondTheLimit) {
+    const FaultServer server([](const ReceivedRequest&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        while (connection.send(std::string(1000, 'x'))) {
+        }
+        connection.close();
+    });
+    EXPECT_EQ(failureKind(limited(server, 100'000)), "tooLarge");
+}
+
+TEST(Body, IsNoneWhereItsEncodingIsCutShortInChunks) {
+    const std::string bytes = gzipped("hello, hello, hello");
+    const std::string head = "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n";
+    const FaultServer server({{"/", head + chunked(bytes.substr(0, bytes.size() - 4))}});
+    EXPECT_EQ(failureKind(server.url("/")), "decoding");
 }
 
 TEST(Body, DoesNotSwellWithABomb) {

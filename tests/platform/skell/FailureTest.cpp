@@ -92,7 +92,23 @@ TEST(Failure, TakesTimesBeyondAllMeasure) {
     EXPECT_EQ(failureKind(with({.connectTimeout = ever, .totalTimeout = ever}, Request::GET(server.url("/")))), "none");
 }
 
-TEST(Failure, IsResolveForAnUnknownHost) { EXPECT_EQ(failureKind("http://no-such-host.invalid/"), "resolve"); }
+TEST(Failure, IsResolveForAnUnknownHost) {
+    EXPECT_EQ(failureKind("http://no-such-host.invalid/"), "resolve");
+    EXPECT_EQ(failureKind("https://no-such-host.invalid:8443/"), "resolve");
+}
+
+TEST(Failure, IsResolveForAnUnknownHostBehindARedirect) {
+    const FaultServer server({{"/", answer(302, "", "Location: http://no-such-host.invalid/\r\n")}});
+    EXPECT_EQ(failureKind(server.url("/")), "resolve");
+    EXPECT_EQ(server.acceptedConnections(), 1);
+}
+
+TEST(Failure, IsResolveForAProxyOfAnUnknownHost) {
+    const FaultServer server({{"/", answer(200)}});
+    const std::string proxy = "http://no-such-host.invalid:3128";
+    EXPECT_EQ(failureKind(with({.proxy = proxy}, Request::GET(server.url("/")))), "resolve");
+    EXPECT_EQ(server.acceptedConnections(), 0);
+}
 
 TEST(Failure, IsConnectWhereNobodyListens) {
     EXPECT_EQ(failureKind("http://127.0.0.1:" + std::to_string(support::closedPort()) + "/"), "connect");
@@ -166,6 +182,9 @@ TEST(Failure, IsNetworkForContradictingLengths) {
 TEST(Failure, IsNetworkForWhatIsNotHTTP) {
     EXPECT_EQ(failureOfAnswer("SSH-2.0-OpenSSH_9.2\r\n"), "network");
     EXPECT_EQ(failureOfAnswer("<html>hello</html>"), "network");
+    for (const char* line : {"ICY 200 OK", "RTSP/1.0 200 OK", "HTTP/7.0 200 OK", "HTTP/1.1 one OK", "HTTP 200", ""})
+        EXPECT_EQ(failureOfAnswer(std::string(line) + "\r\nContent-Length: 1\r\n\r\nx"), "network") << line;
+    EXPECT_EQ(failureOfAnswer(std::string("\x15\x03\x01\0\x02\x02\x28", 7)), "network");
 }
 
 TEST(Failure, IsNetworkForAReset) {
