@@ -1,5 +1,6 @@
 #include "tests/platform/skell/Requests.hpp"
 #include "tests/support/Command.hpp"
+#include "tests/support/Descriptors.hpp"
 #include "tests/support/Memory.hpp"
 #include "tests/support/Nginx.hpp"
 
@@ -8,10 +9,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <future>
-#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,12 +18,7 @@
 namespace quorin::skell {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-std::size_t openFiles() {
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
-}
 
 TEST(Endurance, OfTenThousandRequestsLeavesNothingBehind) {
     constexpr int warmUp = 1000;
@@ -39,12 +33,12 @@ TEST(Endurance, OfTenThousandRequestsLeavesNothingBehind) {
         ASSERT_EQ(response->body(), support::Nginx::object) << i;
         connections.emplace(*response->header("X-Connection"));
         if (i == warmUp) {
-            files = openFiles();
+            files = support::openDescriptors();
             bytes = mallinfo2().uordblks;
         }
     }
-    EXPECT_LE(connections.size(), 20U);  // the server closes one after a thousand requests
-    EXPECT_LE(openFiles(), files + 1);   // that of such a connection may be closing
+    EXPECT_LE(connections.size(), 20U);                // the server closes one after a thousand requests
+    EXPECT_LE(support::openDescriptors(), files + 1);  // that of such a connection may be closing
     EXPECT_LE(mallinfo2().uordblks, bytes + 64 * 1024);
 }
 
