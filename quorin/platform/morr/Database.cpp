@@ -251,7 +251,7 @@ Outcome Database::claim(std::string_view key, const StoredValue& value, std::opt
     outcome = read(key, there);
     if (outcome && (!there || there->index() != value.index())) {
         outcome = write(key, value);
-        there = value;
+        there = copyOf(value);
     }
     return outcome ? execute("COMMIT") : outcome;
 }

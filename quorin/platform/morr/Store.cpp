@@ -108,7 +108,8 @@ Outcome Store::onFile(Step step) {
 }
 
 std::optional<StoredValue> Store::get(std::string_view key) {
-    if (const auto kept = kept_.find(key); kept != kept_.end()) return kept->second;
+    if (const auto kept = kept_.find(key); kept != kept_.end())
+        return kept->second ? std::optional(copyOf(*kept->second)) : std::nullopt;
     std::optional<StoredValue> value;
     if (!isOnFile()) return value;
     const Outcome outcome = onFile([&] { return database_->read(key, value); });
@@ -126,7 +127,7 @@ StoredValues Store::all() {
     }
     for (const auto& [key, value] : kept_) {
         if (value) {
-            values.insert_or_assign(key, *value);
+            values.insert_or_assign(key, copyOf(*value));
         } else {
             values.erase(key);
         }
@@ -148,7 +149,7 @@ StoredValue Store::claim(std::string_view key, StoredValue value) {
     if (there && there->index() == value.index()) return *std::move(there);
     const bool isFree = kept_.find(key) == kept_.end() && isOnFile() && !database_->isReadOnly();
     if (isFree && onFile([&] { return database_->claim(key, value, there); })) return *std::move(there);
-    change(key, value);
+    change(key, copyOf(value));
     return value;
 }
 

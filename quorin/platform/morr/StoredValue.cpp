@@ -5,6 +5,10 @@
 
 namespace quorin::morr {
 
+StoredValue copyOf(const StoredValue& value) {
+    return std::visit([](const auto& held) { return StoredValue(held); }, value);
+}
+
 bool isSame(const StoredValue& left, const StoredValue& right) {
     const auto* l = std::get_if<double>(&left);
     const auto* r = std::get_if<double>(&right);
