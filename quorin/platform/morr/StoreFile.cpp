@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -136,11 +137,9 @@ StoreFile StoreFile::at(const std::string& path) {
     if (reached != 0) return unreachable(errno);
     if (std::string problem = problemOf(path, facts); !problem.empty()) return {.problem = std::move(problem)};
 
-    char* const real = realpath(path.c_str(), nullptr);
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
     if (!real) return unreachable(errno);
-    StoreFile file{.path = real, .device = facts.st_dev, .inode = facts.st_ino};
-    std::free(real);
-    return file;
+    return {.path = real.get(), .device = facts.st_dev, .inode = facts.st_ino};
 }
 
 bool StoreFile::isInPlace() const {
