@@ -1,7 +1,4 @@
-#include "quorin/core/QuorinConfigManagerVersion.h"
-
-#include "Arguments.hpp"
-#include "Command.hpp"
+#include "Program.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,117 +6,8 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <new>
-#include <string>
-#include <vector>
 
-namespace quorin::tool {
 namespace {
-
-constexpr int usageStatus = 2;
-
-/// The texts of the options that are converted when all arguments are known.
-struct Forms {
-    bool compact = false;
-    std::string errors = "text";
-};
-
-void addFacts(CLI::App& program, GlobalOptions& options) {
-    const auto add = [&](const char* name, auto& target, const char* variable, const char* meaning) {
-        const auto take = [&target](const std::string& given) { target = given; };
-        program.add_option_function<std::string>(name, take, meaning)->envname(variable)->type_name("S")->check(text());
-    };
-    add("--bundle-name", options.bundleName, "QUORIN_BUNDLE_NAME", "The main bundle's name; empty: it has none");
-    add("--bundle-version", options.bundleVersion, "QUORIN_BUNDLE_VERSION", "Its short version; empty: it has none");
-    add("--device-model", options.deviceModel, "QUORIN_DEVICE_MODEL", "The device's model");
-    add("--system-name", options.systemName, "QUORIN_SYSTEM_NAME", "Its system");
-    add("--system-version", options.systemVersion, "QUORIN_SYSTEM_VERSION", "The system's version");
-    add("--locale", options.locale, "QUORIN_LOCALE", "The user's locale");
-}
-
-void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
-    optionalText(program, "--store", options.store, "The key-value store; :memory: keeps nothing")
-        .envname("QUORIN_STORE")
-        ->type_name("FILE");
-    addFacts(program, options);
-    seconds(program, "--timeout", options.timeout, "Whole time of one request (30)")
-        .envname("QUORIN_TIMEOUT")
-        ->type_name("SECONDS");
-    bytes(program, "--max-body", options.maxBody, "Largest decoded response body (16777216)")
-        .envname("QUORIN_MAX_BODY")
-        ->type_name("BYTES");
-    optionalText(program, "--ca-file", options.caFile, "Certificates to trust instead of the system's")
-        .envname("QUORIN_CA_FILE")
-        ->type_name("FILE");
-    flag(program, "--compact", forms.compact, "Print JSON on one line").envname("QUORIN_COMPACT");
-    program.add_option("--errors", forms.errors, "The form of errors: text (the default) or json")
-        ->envname("QUORIN_ERRORS")
-        ->type_name("FORM")
-        ->check(oneOf({"text", "json"}));
-}
-
-void addCommands(CLI::App& program, Action& chosen) {
-    program.require_subcommand(1);
-    for (const auto add : {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addCookie, addHeaders,
-                           addUserAgent, addRequest, addEncode, addAppend, addCompletion})
-        add(program, chosen);
-}
-
-/// The version is asked for by the first word alone: elsewhere `--version` is an option of a command.
-void addVersion(CLI::App& program, Action& chosen) {
-    program.add_flag("--version")->required()->description("Print the program's version");
-    program.callback([&chosen] {
-        chosen = [](Session& session) -> Outcome {
-            session.output.line(std::string("quorin ") + QuorinConfigManagerVersionString);
-            return {};
-        };
-    });
-}
-
-int run(Session& session, const Action& chosen) {
-    Outcome outcome = chosen(session);
-    session.warnOfStore(outcome);
-    if (!session.output.flush() && !outcome)
-        outcome = Failure::own("file", "the result could not be written to standard output; is the disk full?");
-    if (!outcome) return 0;
-    if (!outcome->message.empty()) session.output.fail(*outcome);
-    return outcome->status;
-}
-
-int usageError(const CLI::App& program, const CLI::ParseError& error, const Output& output) {
-    std::fputs(program.help().c_str(), stderr);
-    output.fail(Failure::own("usage", usageMessage(error, program)));
-    return usageStatus;
-}
-
-int main(int argc, const char* const* argv) {
-    Session session;
-    Forms forms;
-    Action chosen;
-    CLI::App program("Loads the remote configuration of a brand and keeps what its requests need.", "quorin");
-    program.footer("Example: quorin load config.json --brand orvel\nThe version: quorin --version");
-    program.fallthrough();
-    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-    addGlobalOptions(program, session.options, forms);
-    (argc > 1 && std::string_view(argv[1]) == "--version" ? addVersion : addCommands)(program, chosen);
-    const std::vector<std::string> words = argumentsOf(argc, argv, program);
-    session.output.errorForm = wantsJSONErrors(words) ? ErrorForm::json : ErrorForm::text;
-    try {
-        program.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-    } catch (const CLI::CallForHelp&) {
-        chosen = [&program](Session& helped) -> Outcome { return helped.output.text(program.help()), std::nullopt; };
-    } catch (const CLI::ParseError& error) {
-        return usageError(program, error, session.output);
-    }
-    if (forms.compact) session.output.layout = json::Layout::compact;
-    session.output.errorForm = forms.errors == "json" ? ErrorForm::json : ErrorForm::text;
-    try {
-        return run(session, chosen);
-    } catch (const std::bad_alloc&) {
-        session.output.fail(Failure::own("noValue", "there is not enough memory; give less, or more memory"));
-        return 1;
-    }
-}
 
 /// A file opened later must not take the place of a standard stream that the caller closed.
 void fillClosedStreams() {
@@ -131,14 +19,13 @@ void fillClosedStreams() {
 }
 
 }  // namespace
-}  // namespace quorin::tool
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    quorin::tool::fillClosedStreams();
+    fillClosedStreams();
     try {
-        return quorin::tool::main(argc, argv);
+        return quorin::tool::runProgram(argc, argv);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "quorin: %s\n", error.what());
         return 1;
