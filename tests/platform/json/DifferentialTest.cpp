@@ -1,8 +1,8 @@
 #include "quorin/platform/json/Parse.hpp"
 
 #include "tests/platform/json/AnyValue.hpp"
-#include "tests/platform/json/OtherParser.hpp"
 #include "tests/platform/json/Parsed.hpp"
+#include "tests/support/OtherParser.hpp"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -31,10 +31,11 @@ struct LastOfEachName : nlohmann::ordered_map<Key, T, Less, Allocator> {
 
 using OtherTree = nlohmann::basic_json<LastOfEachName>;
 
-inline std::size_t heightOf(const OtherTree& tree) {
-    std::size_t below = 0;
-    for (const OtherTree& item : tree) below = tree.is_structured() ? std::max(below, heightOf(item)) : 0;
-    return tree.is_structured() ? below + 1 : 0;
+/// Whether no more than so many lists and objects stand inside each other; goes no deeper to find out.
+inline bool isWithin(const OtherTree& tree, std::size_t levels) {
+    if (!tree.is_structured()) return true;
+    return levels > 0
+           && std::all_of(tree.begin(), tree.end(), [&](const OtherTree& item) { return isWithin(item, levels - 1); });
 }
 
 /// What the other parser makes of `text`; empty when it has to be refused. Ours alone refuses a NUL byte (there the
@@ -42,7 +43,7 @@ inline std::size_t heightOf(const OtherTree& tree) {
 inline std::optional<OtherTree> readByOther(std::string_view text) {
     if (text.find('\0') != text.npos || text.starts_with("\xEF\xBB\xBF\xEF\xBB\xBF")) return std::nullopt;
     OtherTree tree = OtherTree::parse(text.begin(), text.end(), nullptr, false);
-    if (tree.is_discarded() || heightOf(tree) > deepestNesting) return std::nullopt;
+    if (tree.is_discarded() || !isWithin(tree, deepestNesting)) return std::nullopt;
     return tree;
 }
 
