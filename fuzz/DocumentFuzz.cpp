@@ -1,43 +1,69 @@
-#include "quorin/model/Configuration.hpp"
+// Any bytes as the file of a configuration: what loads is written and read back equal, but for the three fields that a
+// load stamps it with, and whether a report is wanted changes nothing.
+#include "quorin/core/Loading.hpp"
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/Print.hpp"
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
+#include "fuzz/Fuzz.hpp"
+#include "fuzz/Scratch.hpp"
 
+#include <memory>
+#include <optional>
+
+namespace quorin::fuzz {
 namespace {
 
-void require(bool holds) {
-    if (!holds) std::abort();
+using loading::ConfigurationPointer;
+
+std::optional<DocumentMap> objectIn(std::string_view text) {
+    const auto parsed = json::parse(text);
+    return parsed.value() ? parsed.value()->asObject() : std::nullopt;
 }
 
-/// What was printed reads back as the same value.
-void checkText(const quorin::json::Value& value) {
-    const auto again = quorin::json::parse(quorin::json::print(value));
-    require(again.value() != nullptr && *again.value() == value);
+void checkArchive(const Configuration& loaded) {
+    const DocumentMap archive = loaded.encode();
+    Configuration unstamped = loaded;
+    unstamped.brand.reset();
+    unstamped.device.reset();
+    unstamped.version.reset();
+    const auto restored = Configuration::fromEncoded(archive);
+    require(restored && *restored == unstamped, "the archive makes an equal configuration");
+    const auto printed = objectIn(json::print(archive));
+    require(printed && *printed == archive, "the printed archive is an equal object");
 }
 
-/// Any object makes a configuration, and its archived form makes an equal one.
-void checkConfiguration(const quorin::DocumentMap& document) {
-    quorin::ReadReport report;
-    const auto configuration = quorin::Configuration::fromJSON(document, &report);
-    require(configuration.has_value());
-    const auto restored = quorin::Configuration::fromEncoded(configuration->encode());
-    require(restored.has_value() && *restored == *configuration);
+void checkReport(const ReadReport& report) {
+    for (const Finding& finding : report.findings)
+        require(finding.position && finding.position->line > 0, "a finding has a place in the text");
+}
+
+void check(const PathURL& file, std::optional<Brand> brand) {
+    const auto report = std::make_shared<ReadReport>();
+    const auto quiet = loading::configurationAt(file, {.deviceID = "D", .brand = brand});
+    const auto told = loading::configurationAt(file, {.deviceID = "D", .brand = brand, .report = report});
+    require(static_cast<bool>(quiet) == static_cast<bool>(told), "a report does not change the verdict");
+    if (!quiet) return require(report->findings.empty(), "a load that fails leaves the report as it is");
+    require(**quiet == **told, "a report does not change the value");
+    require((*quiet)->brand == brand && (*quiet)->device == "D", "a load stamps what it loads");
+    checkArchive(**quiet);
+    checkReport(*report);
+}
+
+/// The whole document, and the section of each brand that it may hold one of.
+void check(std::string_view text) {
+    const PathURL file{scratch().write("document.json", text)};
+    check(file, std::nullopt);
+    const auto document = objectIn(text);
+    for (std::size_t i = 0; document && i <= Brand::unknown; ++i) {
+        const Brand brand = static_cast<Brand::Case>(i);
+        if (document->contains(brand.ID())) check(file, brand);
+    }
 }
 
 }  // namespace
+}  // namespace quorin::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(bytes), size);
-    const auto parsed = quorin::json::parse(text);
-    if (const auto* error = parsed.error()) {
-        require(error->offset <= size);
-        return 0;
-    }
-    checkText(*parsed.value());
-    if (const auto document = parsed.value()->asObject()) checkConfiguration(*document);
+    quorin::fuzz::check(quorin::fuzz::textOf(bytes, size));
     return 0;
 }
