@@ -102,26 +102,33 @@ bool isAmong(const std::vector<std::string>& words, std::string_view word) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-int run(const std::vector<std::string>& words) {
+struct Ending {
+    int status = 0;
+    std::string output{};
+    std::string errors{};
+};
+
+Ending run(const std::vector<std::string>& words) {
     std::vector<std::string> texts{"quorin"};
     for (const std::string& word : words) texts.push_back(resolved(word));
     std::vector<const char*> pointers;
     pointers.reserve(texts.size() + 1);
     for (const std::string& text : texts) pointers.push_back(text.c_str());
     pointers.push_back(nullptr);
-    return tool::runProgram(static_cast<int>(texts.size()), pointers.data());
+    Captured output(stdout), errors(stderr);
+    const int status = tool::runProgram(static_cast<int>(texts.size()), pointers.data());
+    return {status, std::string(output.text()), std::string(errors.text())};
 }
 
 void check(std::string_view input) {
     std::vector<std::string> words;
     for (Lines lines(input); !lines.isAtEnd();) words.push_back(lines.next());
     if (!areHarmless(words)) return;
-    Captured output(stdout), errors(stderr);
-    const int status = run(words);
-    const std::string said(errors.text());
-    if (status == 0 && !words.empty() && words[0] == "load" && !isAmong(words, "--help") && !isAmong(words, "-h"))
-        require(static_cast<bool>(json::parse(output.text())), "what is loaded is printed as JSON");
-    checkErrors(said, status);
+    const Ending ending = run(words);
+    if (ending.status == 0 && !words.empty() && words[0] == "load" && !isAmong(words, "--help")
+        && !isAmong(words, "-h"))
+        require(static_cast<bool>(json::parse(ending.output)), "what is loaded is printed as JSON");
+    checkErrors(ending.errors, ending.status);
 }
 
 bool isPrepared() {

@@ -291,6 +291,6 @@ void check(std::string_view program) {
 }  // namespace quorin::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    if (size <= 600) quorin::fuzz::check(quorin::fuzz::textOf(bytes, size));
+    if (size <= 200) quorin::fuzz::check(quorin::fuzz::textOf(bytes, size));
     return 0;
 }
