@@ -111,7 +111,8 @@ void check(std::string_view input) {
     checkLines(hop);
     if (!lowered(hop.url).starts_with("http:") || hop.method == HTTPMethod::CONNECT) return;
     const Exchanged exchanged = wire().exchange(hop, *request.transport, reply);
-    if (!exchanged.sent.empty()) checkMessage(exchanged.sent, hop);
+    require(!exchanged.sent.empty(), "what is not refused is sent");
+    checkMessage(exchanged.sent, hop);
 }
 
 }  // namespace
