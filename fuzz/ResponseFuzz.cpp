@@ -57,7 +57,6 @@ void checkResponse(const skell::Response& response) {
     require(response.body().size() <= maxBody, "a body is within its limit");
     require(response.status() >= 200, "a response is a final one");
     for (const skell::HeaderField& field : response.headers()) {
-        require(!field.name.empty() || !field.value.empty(), "a field is something");
         require((field.name + field.value).find_first_of("\r\n") == std::string::npos, "a field is one line");
         require(response.header(field.name).has_value(), "a field is found by its name");
     }
@@ -119,7 +118,6 @@ void check(std::string_view input) {
     input.remove_prefix(1);
     skell::Transport transport = steadyPlatform().transport;
     transport.maxBody = maxBody;
-    if (!skell::openCurl()) std::abort();
     const auto outcome = wire().exchange({.method = method, .url = "http://h.example/a"}, transport, input).outcome;
     if (const auto* response = std::get_if<skell::Response>(&outcome)) checkResponse(*response);
     const auto end = input.find("\r\n\r\n");

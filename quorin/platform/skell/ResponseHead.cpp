@@ -2,6 +2,7 @@
 
 #include "quorin/platform/foundation/RawValues.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace quorin::skell {
@@ -11,6 +12,13 @@ std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r\n");
     if (first == text.npos) return {};
     return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+/// What else ends a line for some reader becomes a blank (RFC 9110 section 5.5).
+std::string fieldText(std::string_view text) {
+    std::string clean(trimmed(text));
+    std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\r' || c == '\0'; }, ' ');
+    return clean;
 }
 
 template <class Number>
@@ -48,9 +56,9 @@ void ResponseHead::takeStatusLine(std::string_view line) {
 void ResponseHead::takeField(std::string_view line) {
     const auto colon = line.find(':');
     if (line.front() == ' ' || line.front() == '\t') {
-        if (!fields_.empty()) fields_.back().value.append(" ").append(trimmed(line));
+        if (!fields_.empty()) fields_.back().value.append(" ").append(fieldText(line));
     } else if (colon != line.npos) {
-        fields_.push_back({std::string(trimmed(line.substr(0, colon))), std::string(trimmed(line.substr(colon + 1)))});
+        fields_.push_back({fieldText(line.substr(0, colon)), fieldText(line.substr(colon + 1))});
     }
 }
 

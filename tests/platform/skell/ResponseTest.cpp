@@ -41,6 +41,12 @@ TEST(Response, TrimsAndUnfoldsHeaders) {
     EXPECT_EQ(response.header("B"), "one two");
 }
 
+TEST(Response, HasABlankForACarriageReturnWithinAHeader) {
+    const Response response = responseTo("HTTP/1.1 200 OK\r\nLocation: /\rx\r\nA: b\r\n c\rd\r\n\r\n");
+    EXPECT_EQ(response.header("Location"), "/ x");
+    EXPECT_EQ(response.header("A"), "b c d");
+}
+
 TEST(Response, IsTheFinalOneAndNotAnInterimOne) {
     const Response response =
         responseTo("HTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n" + answer(200, "text", "A: b\r\n"));
