@@ -65,7 +65,7 @@ public:
         for (std::size_t i = 0; i < cells; ++i) {
             Hub& hub = hubs_.emplace_back();
             hub.last = initial;
-            values_.push_back({&hub, initial});
+            values_.emplace_back(&hub, initial);
             const Source plain = [&hub](const Handler& handler) { return hub.add(handler); };
             const Source shared = share(plain);
             for (const auto& source : {plain, distinct(plain), shared, distinct(shared), share(distinct(plain))})
@@ -126,7 +126,7 @@ private:
             if (event && last) last = event;
             std::deque<std::size_t> all;
             for (const auto& [number, handler] : handlers) all.push_back(number);
-            queue.push_back({event, all});
+            queue.emplace_back(event, all);
             deliver();
         }
 

@@ -57,7 +57,7 @@ private:
         std::copy(name.begin(), name.end(), address.sun_path + 1);
         const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
         const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-        const bool isBound = bind(socket, reinterpret_cast<const sockaddr*>(&address), size) == 0;
+        const bool isBound = socket >= 0 && bind(socket, reinterpret_cast<const sockaddr*>(&address), size) == 0;
         require(isBound && listen(socket, 8) == 0, "there are sockets");
         return socket;
     }
