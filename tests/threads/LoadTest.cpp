@@ -50,9 +50,10 @@ protected:
 
 private:
     void write(const std::string& name, std::string_view brand) const {
-        bed_.folder().write(name, "{\"" + std::string(brand) + "\": {\"common\": {\"adChoices\": \"" + name
-                                      + "\"}, \"features\": {\"" + name + "\": {\"params\": {}}}, \"webservices\": {\""
-                                      + name + "\": {\"url\": \"http://h/\"}}}}");
+        bed_.folder().write(
+            name, "{\"" + std::string(brand) + "\": {\"common\": {\"adChoices\": \"" + name + "\"}, \"features\": {\""
+                      + name + "\": {\"params\": {}}}, \"webservices\": {\"" + name
+                      + "\": {\"url\": {\"value\": \"http://h/\"}, \"method\": \"GET\", \"header\": {}}}}}");
     }
 };
 
@@ -61,7 +62,7 @@ TEST_F(TwoDocuments, AreNeverMixedForAReader) {
         const Pointer configuration = manager_.configuration();
         return flawOf(*configuration);
     };
-    EXPECT_TRUE(loads().add(6, read).run().empty());
+    EXPECT_EQ(loads().add(6, read).run(), std::set<std::string>());
 }
 
 TEST_F(TwoDocuments, LeaveHeadersAndTimeZoneWhole) {
@@ -72,7 +73,7 @@ TEST_F(TwoDocuments, LeaveHeadersAndTimeZoneWhole) {
         if (headers.at("VEXO-USERTZ").size() != 5) return "the zone " + headers.at("VEXO-USERTZ");
         return manager_.userZ().size() == 5 ? "" : "a torn zone";
     };
-    EXPECT_TRUE(loads().add(6, ask).run().empty());
+    EXPECT_EQ(loads().add(6, ask).run(), std::set<std::string>());
 }
 
 }  // namespace
