@@ -113,6 +113,45 @@ class Unusable(StoreTest):
             self.assertIn(b"the store '", errors)
 
 
+class Modes(StoreTest):
+    def modes(self, folder):
+        """The modes of all that is in a folder, by name."""
+        return {str(path.relative_to(folder)): path.lstat().st_mode & 0o777 for path in folder.rglob("*")}
+
+    def made_under(self, mask, store):
+        """The modes of what a process makes, looked at while it has the store open and when it has ended."""
+        words = ["identity", "watch", "--store", str(store)]
+        streams = {"stdin": subprocess.PIPE, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE}
+        with self.start(*words, preexec_fn=lambda: os.umask(mask), **streams) as process:
+            process.stdin.write(b"kova plantedaccount\n")
+            process.stdin.flush()
+            process.stdout.readline()
+            modes = self.modes(store.parents[1])
+            _, errors = process.communicate(timeout=GUARD)
+        self.assertEqual((process.returncode, errors), (0, b""))
+        return {**modes, **{f"{name} later": mode for name, mode in self.modes(store.parents[1]).items()}}
+
+    def test_nothing_is_made_for_others_under_any_umask(self):
+        for mask in (0, 0o002, 0o022, 0o027, 0o077):
+            with self.subTest(mask=oct(mask)):
+                folder = self.folder / oct(mask)
+                folder.mkdir()
+                modes = self.made_under(mask, folder / "own/store.db")
+                self.assertLessEqual({"own", "own/store.db", "own/store.db-wal", "own/store.db-shm"}, set(modes))
+                self.assertEqual({name: oct(mode) for name, mode in modes.items() if mode & 0o077}, {})
+
+    def test_a_new_store_beside_a_damaged_one_is_for_its_user_alone(self):
+        for mask in (0, 0o022):
+            folder = self.folder / f"damaged{mask}"
+            (folder / "data/quorin").mkdir(parents=True)
+            store = folder / "data/quorin/store.db"
+            store.write_bytes(b"garbage" * 1000)
+            variables = self.environment(XDG_DATA_HOME=str(folder / "data"))
+            subprocess.run([self.program, "identity", "set", "kova", "x"], env=variables, check=True, timeout=GUARD,
+                           stderr=subprocess.PIPE, preexec_fn=lambda mask=mask: os.umask(mask))
+            self.assertEqual(store.stat().st_mode & 0o077, 0)
+
+
 class SetAside(StoreTest):
     def test_a_default_store_that_was_cut_is_kept_and_begun_anew(self):
         store = self.default_store()
