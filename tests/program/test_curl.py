@@ -1,6 +1,7 @@
 """`request --curl`: the real curl sends with the printed line, byte for byte, what `--send` sends."""
 
 import json
+import shutil
 import subprocess
 
 from program import GUARD, ProgramTest
@@ -177,3 +178,67 @@ class Lines(TestWithServer):
             run = self.quorin("request", "--url", url, "--curl", "--errors", "json")
             self.assertEqual((run.status, run.output, run.record["kind"]), (1, "", "invalidURL"))
             self.assertNotIn("pw", run.errors)
+
+
+class OneProgram(TestWithServer):
+    """What a shell does with the line where nothing is there but `curl`, which writes its arguments down."""
+
+    HOSTILE = ("$(touch made)", "`touch made`", "'; touch made; '", "' $(touch made) '", "|touch made", "&& touch made",
+               ">made", "\\'; touch made #", "$HOME", "${IFS}", "~", "*", "!!", "-K made", "@made", "<(touch made)", "''",
+               "'", "\"", "\\", "#", ";", "é\u2028")
+
+    def setUp(self):
+        super().setUp()
+        only = self.folder / "bin"
+        only.mkdir()
+        curl = only / "curl"
+        curl.write_text("#!/bin/sh\nprintf '%s\\0' \"$#\" \"$@\" >>'" + str(self.folder / "written") + "'\n")
+        curl.chmod(0o700)
+        self.only = str(only)
+
+    def run_of(self, line, shell):
+        """The arguments of the one program that the line runs."""
+        before = {*self.folder.rglob("*")}
+        run = subprocess.run([shutil.which(shell), "-c", line], cwd=self.folder, env={"PATH": self.only, "HOME": "/made"},
+                             stdin=subprocess.DEVNULL, capture_output=True, timeout=GUARD, check=False)
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, b"", b""), line)
+        written = self.folder / "written"
+        self.assertEqual({*self.folder.rglob("*")} - before, {written}, line)
+        count, *words = written.read_bytes().decode().split("\0")[:-1]
+        written.unlink()
+        self.assertEqual(int(count), len(words), "run once")
+        return words
+
+    def runs(self, *arguments, **options):
+        line = self.line(*arguments, **options)
+        for shell in ("sh", "bash"):
+            yield self.run_of(line, shell)
+
+    def test_headers_are_given_as_they_are(self):
+        for text in self.HOSTILE:
+            for words in self.runs("--header", "X=" + text):
+                self.assertEqual(words.count("X: " + text), 1)
+
+    def test_bodies_are_given_as_they_are(self):
+        for text in self.HOSTILE:
+            body = json.dumps({text: text}, ensure_ascii=False, separators=(",", ":"))
+            for words in self.runs("--method", "POST", "--header", "Content-Type=" + JSON, "--body", "-", given=body):
+                self.assertEqual(words[words.index("--data-raw") + 1], body)
+
+    def test_targets_are_given_as_they_are(self):
+        for text in ("';touch$IFS'made';'", "$(touch$IFS'made')", "&touch", ";touch;", "'", "*", "!!", "~"):
+            for words in self.runs(target="/p?" + text):
+                self.assertEqual(words[-1], self.server.url("/p?" + text))
+
+    def test_identity_values_are_given_as_they_are(self):
+        for text in self.HOSTILE:
+            self.done("identity", "set", "--", "kova", text)
+            for words in self.runs():
+                self.assertEqual(words.count("KOVA: " + text), 1)
+
+    def test_a_document_s_values_are_given_as_they_are(self):
+        for text in ("$(touch$IFS'made')", "';touch$IFS'made';'"):
+            service = {"url": {"value": self.server.url("/" + text)}, "method": "post", "header": {"Accept": text}}
+            line = self.done("request", "one", "--from", self.file("c.json", {"webservices": {"one": service}}),
+                             "--curl").output
+            self.assertEqual(self.run_of(line, "sh")[-1], self.server.url("/" + text))
