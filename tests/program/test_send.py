@@ -2,8 +2,9 @@
 
 import base64
 import json
+import subprocess
 
-from program import ProgramTest
+from program import GUARD, ProgramTest
 from server import METHODS, Server, answer, closed_port
 
 JSON = "Content-Type=application/json"
@@ -116,6 +117,49 @@ class Responses(ProgramTest):
             response = self.sent(server.url("/p"), "--method", "POST", "--header", JSON, "--body", "-",
                                  given=json.dumps(large))
             self.assertEqual((json.loads(server.messages[0].body), json.loads(response["body"])), (large, large))
+
+
+class FilesOfOthers(ProgramTest):
+    """What stands in the home folder for other programs that send requests."""
+
+    def setUp(self):
+        super().setUp()
+        self.netrc = self.file(".netrc", "machine 127.0.0.1 login netrcuser password netrcpassword\n")
+        self.file(".curlrc", "header = \"X-From: curlrc\"\nnetrc\n")
+        self.variables = {"NETRC": self.netrc, "CURL_HOME": str(self.folder), "XDG_CONFIG_HOME": str(self.folder)}
+
+    def test_credentials_and_settings_are_read_by_the_program_they_are_for_alone(self):
+        with Server({"/p": answer({}), "/old": answer({}, 302, Location="/p")}) as server:
+            curl = ["curl", "-s", server.url("/p")]
+            subprocess.run(curl, env=self.environment(**self.variables), check=True, capture_output=True, timeout=GUARD)
+            (theirs,) = server.messages
+            self.assertLessEqual({"Authorization", "X-From"}, set(theirs.names))
+            server.messages.clear()
+            for words in (["request", "--send", "--url", server.url("/p")], ["load", server.url("/p")],
+                          ["load", server.url("/old")],
+                          ["request", "--send", "--url", server.url("/p", "netrcuser@"), "--header", "Authorization="]):
+                self.done(*words, variables=self.variables)
+            self.assertEqual(len(server.messages), 5)
+            for message in server.messages:
+                self.assertNotIn("X-From", message.names)
+                self.assertEqual(dict(message.headers).get("Authorization", ""), "")
+
+    def test_a_user_without_a_password_gets_none_of_a_file(self):
+        with Server({"/p": answer({})}) as server:
+            self.done("load", server.url("/p", "netrcuser@"), variables=self.variables)
+            given = dict(server.messages[0].headers)["Authorization"].removeprefix("Basic ")
+            self.assertEqual(base64.b64decode(given), b"netrcuser:")
+
+
+class Proxies(ProgramTest):
+    def test_one_that_the_environment_names_gets_the_request(self):
+        with Server({"http://h.invalid/p": answer(b"of the proxy")}) as proxy:
+            for name in ("http_proxy", "all_proxy"):
+                run = self.done("request", "--send", "--url", "http://h.invalid/p", variables={name: proxy.url("")})
+                self.assertEqual(run.json["body"], "of the proxy")
+            own = {"http_proxy": proxy.url(""), "no_proxy": "h.invalid"}
+            record = self.record(1, "request", "--send", "--url", "http://h.invalid/p", variables=own)
+            self.assertEqual((record["kind"], len(proxy.messages)), ("resolve", 2))
 
 
 class Models(ProgramTest):
