@@ -193,3 +193,19 @@ class Secrets(ProgramTest):
         self.assertIn(TOKEN, self.done("identity", "bind").output)
         self.assertIn(ACCOUNT, self.done("headers").output)
         self.assertIn(ACCOUNT, self.done("cookie", "show").output)
+
+    def test_the_token_is_printed_by_two_commands_that_are_told_to(self):
+        document = self.file("c.json", {"webservices": {"one": {"url": {"value": "http://h/"}, "method": "get"}}})
+        url = ["--url", "http://127.0.0.1/"]
+        with Server({"/p": answer({"a": 1})}) as server:
+            for words in (["identity"], ["headers"], ["headers", document], ["user-agent"], ["load", document],
+                          ["show", document], ["load", server.url("/p")], ["show", server.url("/p")],
+                          ["request", "one", "--from", document], ["request", *url], ["request", *url, "--curl"],
+                          ["request", "--url", server.url("/p"), "--send"], ["cookie", "show"],
+                          ["cookie", "parse", *url], ["identity", "watch"], ["identity", "new-parent"], ["brand"]):
+                run = self.quorin(*words)
+                self.assertEqual(run.status, 0, run.errors)
+                self.assertNotIn(TOKEN, run.output + run.errors, words)
+            self.assertNotIn(TOKEN, str(server.messages))
+        for words in (["identity", "--reveal"], ["identity", "bind"]):
+            self.assertIn(TOKEN, self.done(*words).output)
