@@ -15,7 +15,8 @@
 namespace quorin {
 
 /// The services and facts of the machine and the app that the library works with. A host that names none gets
-/// `standard()`.
+/// `standard()`. Its functions are called on whatever thread needs them, that of the requests too, and by several at
+/// once.
 struct Platform {
     std::shared_ptr<MorrStandard> store{};  ///< where identity values are kept between launches
     skell::Transport transport{};           ///< how requests travel, and where cookies are

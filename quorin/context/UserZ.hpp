@@ -11,7 +11,8 @@ namespace quorin {
 
 namespace ConfigurationManagerUtils {
 
-/// The offset of local time from UTC now, as the time-zone header carries it: "-0500", "+0100", "+0000".
+/// The offset of local time from UTC now, as the time-zone header carries it: "-0500", "+0100", "+0000". Any thread,
+/// but none may change the environment meanwhile.
 std::string generateZ(const Platform& platform = platform::current());
 
 }  // namespace ConfigurationManagerUtils

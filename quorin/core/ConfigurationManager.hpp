@@ -30,7 +30,8 @@ public:
 
     ConfigurationManager() = delete;
 
-    /// Built once, with `platform::current()`, and never destroyed.
+    /// Built once, with `platform::current()`, and never destroyed. Of threads that ask at once one builds it, which
+    /// opens the store, and the others wait for that.
     static Instance& sharedInstance();
 
     /// What the load of the configuration was asked for.

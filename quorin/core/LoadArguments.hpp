@@ -18,7 +18,9 @@ struct LoadArguments {
     std::string version = "1.0.0";
 
     /// Where to put what the document held that was not taken, each with line and column, before the configuration is
-    /// delivered; a load that fails leaves it as it is. Null: nobody wants to know, and the read is spared the work.
+    /// delivered; a load that fails leaves it as it is. It is written on the thread that delivers, so each load that
+    /// runs beside another has one of its own, and it is read when the load has ended. Null: nobody wants to know, and
+    /// the read is spared the work.
     std::shared_ptr<ReadReport> report{};
 };
 

@@ -11,7 +11,7 @@
 namespace quorin {
 
 /// What the wrappers of native values have in common: each refers to one value that never changes, and copies of a
-/// wrapper refer to the same one.
+/// wrapper refer to the same one. Any thread may read it.
 template <class Native>
 class Wrapper {
 public:

@@ -28,7 +28,7 @@ namespace quorin {
 /// in another shape, is absent.
 ///
 /// `brand`, `device` and `version` are written to the archive and never read from any form: who loads a configuration
-/// stamps it with them.
+/// stamps it with them. One that a manager gives never changes, so any thread may read it.
 struct Configuration {
     std::optional<Brand> brand{};
     std::optional<std::string> device{};

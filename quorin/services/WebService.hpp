@@ -46,7 +46,7 @@ struct WebService {
 
     /// A stream that fails at once where the call must not be made: with an `Oops` record, `configNotInitialized` while
     /// the shared manager has no configuration, else `invalidParams` where the parameters are not valid. Absent: go on
-    /// and build the request.
+    /// and build the request. Any thread.
     template <class T>
     std::optional<rx::Observable<T>> configurationGuard(const APIParams& params) const {
         const auto refusal = refusalOf(params);

@@ -10,7 +10,8 @@ extern "C" {
 #endif
 
 /// What every function yields. Where it is not QUORIN_OK nothing is left behind, and what the function was to yield is
-/// 0 or the empty text; only the length of a text that is too long is told, and the error of what failed.
+/// 0 or the empty text; only the length of a text that is too long is told, and the error of what failed. Any thread
+/// may call any function.
 typedef int32_t quorin_status;
 enum {
     QUORIN_OK = 0,

@@ -13,7 +13,7 @@
 namespace quorin {
 
 /// A holder of a stream of any type, through which a host follows it that knows objects alone. A copy holds the same
-/// stream.
+/// stream. Any thread may subscribe.
 class SwiftObservable {
 public:
     static constexpr std::string_view objectName = "SwiftObservable";

@@ -11,6 +11,7 @@ namespace quorin::json {
 
 /// Makes a tree of values in one arena, from the first value to the last: a scalar, or a list or an object that is
 /// begun, filled and ended. Inside an object each value follows its `name`; of two members of one name the last counts.
+/// For one thread; what it made is for all.
 class Builder {
 public:
     /// Every walk over a tree is a recursion: a list or object that would stand below so many others becomes null.

@@ -14,7 +14,7 @@
 namespace quorin::json {
 
 /// A string-keyed map of untyped values: a JSON object, in document order. It is a `Value` known to be an object, so it
-/// is as cheap to copy and as constant.
+/// is as cheap to copy and as constant; any thread may read it.
 class DocumentMap {
 public:
     using Member = std::pair<std::string_view, Value>;

@@ -11,7 +11,8 @@
 
 namespace quorin::json {
 
-/// A JSON array. It is a `Value` known to be a list, so it is as cheap to copy and as constant.
+/// A JSON array. It is a `Value` known to be a list, so it is as cheap to copy and as constant; any
+/// thread may read it.
 class List {
 public:
     List();

@@ -46,7 +46,8 @@ inline constexpr std::size_t parsePadding = 64;
 /// Reads one JSON text (RFC 8259) in UTF-8 as a whole; a scalar may stand at its top and a byte order mark before it.
 /// Of two members of one name the last counts. Whole numbers beyond 64 bits become doubles, 1e400 is an error, 1e-400
 /// is zero. Errors are also a NUL byte, invalid UTF-8, a lone surrogate, nesting beyond `deepestNesting`, and anything
-/// behind the value. `spare` bytes behind `text` may be read as well: with `parsePadding` of them no copy is made.
+/// behind the value. `spare` bytes behind `text` may be read as well: with `parsePadding` of them no copy is made. Any
+/// thread; each that parses keeps a parser until it ends.
 ParseResult parse(std::string_view text, std::size_t spare = 0);
 
 }  // namespace quorin::json

@@ -48,7 +48,7 @@ public:
     /// On the disk when the call returns; nothing happens when there is no such key.
     void remove(std::string_view key);
 
-    /// How the store fares; does not open it.
+    /// How the store fares; does not open it. Waits for an operation of another thread that is under way.
     morr::Status status() const;
 
     /// The file of an app's own store: `$XDG_DATA_HOME/NAME/store.db`, or `~/.local/share/NAME/store.db` where that

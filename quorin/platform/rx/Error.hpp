@@ -26,7 +26,8 @@ struct NoMemory {
     bool operator==(const NoMemory&) const = default;
 };
 
-/// The error a stream ends with, whatever its type. A copy shares the error, which never changes.
+/// The error a stream ends with, whatever its type. A copy shares the error, which never changes; any thread may
+/// read it.
 class Error {
 public:
     /// Implicit, so that an error is passed as what it is.

@@ -15,7 +15,8 @@
 namespace quorin::rx {
 
 /// A stream of values that may end, once, with completion or with an error. It is cold: each subscription runs the
-/// source anew. A copy is the same stream.
+/// source anew. A copy is the same stream. Any thread may subscribe where the source may be run on any, as those of the
+/// library may.
 template <class T>
 class Observable {
 public:

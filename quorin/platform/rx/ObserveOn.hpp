@@ -15,7 +15,8 @@ namespace quorin::rx {
 using Executor = std::function<void(std::function<void()>)>;
 
 /// The same events in the same order, each delivered in a task of the executor. Nothing is delivered after the
-/// subscriber left, whatever tasks the executor still holds.
+/// subscriber left, whatever tasks the executor still holds. The executor is called on the threads on which the stream
+/// delivers; its tasks may run on several, one event is delivered at a time.
 template <class T>
 Observable<T> observeOn(Observable<T> stream, Executor executor) {
     return Observable<T>([stream = std::move(stream), executor = std::move(executor)](const Observer<T>& observer) {

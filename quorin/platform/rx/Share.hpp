@@ -11,7 +11,8 @@
 namespace quorin::rx {
 
 /// One subscription upstream for all subscribers at a time: the first connects, the last to leave disconnects. Nothing
-/// is replayed: who comes later gets what comes later. After the end the next subscriber connects anew.
+/// is replayed: who comes later gets what comes later. After the end the next subscriber connects anew. Any thread may
+/// come and leave.
 template <class T>
 Observable<T> share(Observable<T> stream) {
     const auto sharing = std::make_shared<Sharing>([stream = std::move(stream)](Sharing::Feed feed) {

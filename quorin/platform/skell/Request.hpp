@@ -16,7 +16,8 @@
 
 namespace quorin::skell {
 
-/// A request to be made: a plain record that may be made any number of times.
+/// A request to be made: a plain record that may be made any number of times, on several threads too while none
+/// changes it.
 struct Request {
     HTTPMethod method = HTTPMethod::GET;
 
@@ -50,7 +51,7 @@ struct Request {
     std::optional<SkellError> refusal() const;
 
     /// The one response, of whatever status, or a `SkellError`. Each subscription sends a request of its own; disposing
-    /// it abandons the transfer and closes its connection.
+    /// it abandons the transfer and closes its connection. Any thread may subscribe, and none waits.
     ///
     /// Delivered on the library's request thread, where a slow handler holds up all other requests; once the process is
     /// exiting, the failure `cancelled` comes at once on the subscribing thread. Redirects are followed (RFC 9110

@@ -18,7 +18,8 @@ struct HeaderField {
     bool operator==(const HeaderField&) const = default;
 };
 
-/// What a server answered. Immutable and shared: a copy is one count, whatever the size of the body.
+/// What a server answered. Immutable and shared: a copy is one count, whatever the size of the body. Any thread may
+/// read it.
 class Response {
 public:
     /// What a response is made of; a test of a host may make one of its own.
