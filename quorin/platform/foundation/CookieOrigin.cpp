@@ -10,10 +10,13 @@ namespace {
 /// Longer ones are no names of the net (RFC 1035 section 2.3.4): 255 bytes with the lengths of first and last label.
 constexpr std::size_t longestHostName = 253;
 
-/// Such a name is an address that is misspelt: it would stand below one, as "a.127.0.0.1".
+/// Such a name is an address that is misspelt, or stands below one: "a.127.0.0.1", and "0x7f.1", which goes to
+/// 127.0.0.1.
 bool endsInNumber(std::string_view host) {
-    const auto label = host.substr(host.rfind('.') + 1);
-    return label.find_first_not_of("0123456789") == label.npos;
+    auto label = host.substr(host.rfind('.') + 1);
+    const bool isHexadecimal = label.starts_with("0x");
+    if (isHexadecimal) label.remove_prefix(2);
+    return label.find_first_not_of(isHexadecimal ? "0123456789abcdef" : "0123456789") == label.npos;
 }
 
 }  // namespace

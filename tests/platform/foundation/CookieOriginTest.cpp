@@ -30,6 +30,13 @@ TEST(CookieOrigin, NeedsAHostNameOrAnAddress) {
         EXPECT_FALSE(CookieOrigin::of(url)) << url;
 }
 
+// Requests to each go to an IPv4 address, so one name would stand for many hosts.
+TEST(CookieOrigin, IsNoneForAnAddressInHexadecimal) {
+    for (const char* url : {"http://0x7f.1/", "http://0X7F000001/", "http://1.0x/", "http://a.0x7f.1/"})
+        EXPECT_FALSE(CookieOrigin::of(url)) << url;
+    EXPECT_TRUE(CookieOrigin::of("http://0x7g/"));
+}
+
 TEST(CookieOrigin, HasAHostOfAtMost253Bytes) {
     EXPECT_TRUE(CookieOrigin::of("http://" + std::string(253, 'a')));
     EXPECT_FALSE(CookieOrigin::of("http://" + std::string(254, 'a')));
