@@ -74,6 +74,12 @@ class WrongArguments(ProgramTest):
         for name in NAMES:
             self.assertIn(name, self.fails(2, "identity", "set", "x", "y").last_line)
 
+    def test_names_near_the_one_that_was_given_are_told(self):
+        for words, near in ((["read", "Adz", "x"], "Ads"), (["identity", "unset", "cova"], "kova"),
+                            (["read", "configuration", "x"], "Configuration")):
+            self.assertTrue(self.own_failure(2, "usage", *words).endswith("; near it: " + near), words)
+        self.assertNotIn("near it", self.own_failure(2, "usage", "read", "Elephant", "x"))
+
     def test_seconds_out_of_range_or_malformed(self):
         for text in ("nan", "inf", "-inf", "-1", "0", "-0", "0.0", "1e9", "0x10", "", " 1", "1 ", "1s", "1,5", "abc",
                      "+1", "1e-999", "--compact"):

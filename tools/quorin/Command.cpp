@@ -3,6 +3,7 @@
 #include "quorin/platform/json/UTF8.hpp"
 
 #include "Joined.hpp"
+#include "Nearest.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -29,6 +30,12 @@ CLI::Option& numberOption(CLI::App& app, const std::string& name, Number& target
     };
     const auto take = [&target](const std::string& given) { target = *numberIn<Number>(given); };
     return *app.add_option_function<std::string>(name, take, meaning)->check(CLI::Validator(check, ""));
+}
+
+std::string refusalOf(const std::string& given, const std::vector<std::string>& names) {
+    const std::string all = joined(names, ", ");
+    const std::string near = nearest(given, {names.begin(), names.end()});
+    return "must be one of " + all + (near == all ? "" : "; near it: " + near);
 }
 
 }  // namespace
@@ -66,7 +73,7 @@ CLI::Option& flag(CLI::App& app, const std::string& name, bool& target, const st
 CLI::Validator oneOf(const std::vector<std::string>& names) {
     const auto check = [names](const std::string& given) {
         const bool isOne = std::find(names.begin(), names.end(), given) != names.end();
-        return isOne ? std::string() : "must be one of " + joined(names, ", ");
+        return isOne ? std::string() : refusalOf(given, names);
     };
     return {check, "{" + joined(names, ",") + "}"};
 }

@@ -42,7 +42,7 @@ CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::stri
 /// An option that is on or off.
 CLI::Option& flag(CLI::App& app, const std::string& name, bool& target, const std::string& meaning);
 
-/// Accepts one of `names`.
+/// Accepts one of `names`; of others it says which are near.
 CLI::Validator oneOf(const std::vector<std::string>& names);
 
 /// Accepts text in UTF-8, as every argument must be but the names of files.
