@@ -5,7 +5,7 @@
 #include "quorin/table/Conversion.hpp"
 
 #include "Markdown.hpp"
-#include "Shapes.hpp"
+#include "tools/schema/Shapes.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +25,7 @@ struct Place {
 };
 
 std::string shapeOf(const Row& row) {
-    if (isTold(row.holds->shape)) return std::string(row.holds->shape);
+    if (schema::shapeOf(row.holds->shape)) return std::string(row.holds->shape);
     std::fprintf(stderr, "nothing is told of the shape \"%s\"\n", std::string(row.holds->shape).c_str());
     std::exit(1);
 }
@@ -48,7 +48,7 @@ std::string valueCell(const Row& row) {
         text += ": [" + name + "](#" + rawvalues::lowered(name) + ")";
     }
     if (!row.holds->texts.empty()) text += ": " + markdown::listed(row.holds->texts);
-    if (row.lenient) text += "; a member that is no object is left out alone";
+    if (row.lenient) text += "; " + std::string(schema::lenientWords);
     return text;
 }
 

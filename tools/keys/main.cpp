@@ -6,7 +6,7 @@
 
 #include "Brands.hpp"
 #include "Sections.hpp"
-#include "Shapes.hpp"
+#include "Values.hpp"
 
 #include <cstdio>
 #include <string>
@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     const std::string reference = preamble.bytes + "\n## Brands\n\n" + quorin::keys::brands() + "\n## Values\n\n"
-                                  + quorin::keys::shapes() + quorin::keys::sections();
+                                  + quorin::keys::values() + quorin::keys::sections();
     return std::fputs(reference.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
 }
