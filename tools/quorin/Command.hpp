@@ -23,6 +23,7 @@ void addRequest(CLI::App& program, Action& chosen);
 void addEncode(CLI::App& program, Action& chosen);
 void addAppend(CLI::App& program, Action& chosen);
 void addUserAgent(CLI::App& program, Action& chosen);
+void addSchema(CLI::App& program, Action& chosen);
 void addCompletion(CLI::App& program, Action& chosen);
 
 /// Adds a command, with an example for its help, to `parent`.

@@ -49,7 +49,7 @@ rx::Result<json::Value> decode(const rx::Observable<skell::Response>& responses,
 
 template <class Model>
 ModelType row() {
-    return {Model::keyTable().name, Named<Model>,
+    return {Model::keyTable().name, Model::keyTable, Named<Model>,
             [](const DocumentMap& map, const ReadArguments& arguments, ReadReport& report) {
                 auto model = read<Model>(map, arguments, report);
                 return std::unique_ptr<AnyModel>(model ? new Holder<Model>(*std::move(model)) : nullptr);

@@ -31,6 +31,7 @@ struct ReadArguments {
 /// A model type by the name of which it is asked for.
 struct ModelType {
     std::string_view name;
+    const KeyTable& (*table)();
     bool named;  ///< whether its server reader takes a member name
     std::unique_ptr<AnyModel> (*read)(const DocumentMap& map, const ReadArguments& arguments, ReadReport& report);
 

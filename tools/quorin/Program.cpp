@@ -58,7 +58,7 @@ void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
 void addCommands(CLI::App& program, Action& chosen) {
     program.require_subcommand(1);
     for (const auto add : {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addCookie, addHeaders,
-                           addUserAgent, addRequest, addEncode, addAppend, addCompletion})
+                           addUserAgent, addRequest, addEncode, addAppend, addSchema, addCompletion})
         add(program, chosen);
 }
 
