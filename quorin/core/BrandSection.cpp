@@ -51,14 +51,14 @@ ReadReport BrandSection::reportOfDocument(ReadReport report) const {
         if (!takesServices || !leadsInto(finding.pointer, services)) finding.pointer.insert(0, pointerTo(name));
         whole.add(std::move(finding));
     }
-    const auto notAsked = [&](std::string pointer, const Value& value) {
-        whole.add({std::move(pointer), nothing, nameOf(value.kind()), Cost::notAsked, {}});
+    const auto unread = [&](std::string pointer, const Value& value, Cost cost) {
+        whole.add({std::move(pointer), nothing, nameOf(value.kind()), cost, {}});
     };
     const auto own = document.find(name)->asObject()->find(services);
-    if (takesServices && own) notAsked(pointerTo(name, services), *own);
+    if (takesServices && own) unread(pointerTo(name, services), *own, Cost::overridden);
     for (const auto& [member, value] : document) {
         const bool asked = isAnyBrand(member) || (takesServices && member == services);
-        if (!asked) notAsked(pointerTo(member), value);
+        if (!asked) unread(pointerTo(member), value, Cost::notAsked);
     }
     return whole;
 }

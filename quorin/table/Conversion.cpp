@@ -36,7 +36,7 @@ std::optional<bool> Conversion<bool>::read(const Node& value, const Reading& at)
         case Kind::integer: return value.integer != 0;
         case Kind::unsignedInteger: return true;
         case Kind::real: return value.real != 0;
-        default: at.reject(shape, value); return std::nullopt;
+        default: at.rejectNumeric(shape, value); return std::nullopt;
     }
 }
 
@@ -45,7 +45,7 @@ std::optional<Integer> Conversion<Integer>::read(const Node& value, const Readin
     if (value.kind == Kind::integer) return value.integer;
     if (value.kind == Kind::boolean) return value.boolean ? 1 : 0;
     if (value.kind == Kind::real && value.real >= -limit && value.real < limit) return static_cast<Integer>(value.real);
-    at.reject(shape, value);
+    at.rejectNumeric(shape, value);
     return std::nullopt;
 }
 

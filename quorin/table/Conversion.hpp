@@ -91,7 +91,7 @@ struct Conversion<T> {
         std::optional<T> match;
         if (value.kind == Kind::string)
             match = at.form() == Form::document ? T::matching(value.string()) : T::fromRawValue(value.string());
-        if (!match) at.reject(shape, value);
+        if (!match) at.rejectText(shape, value);
         return match;
     }
 

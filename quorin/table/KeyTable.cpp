@@ -52,7 +52,7 @@ template <bool observed>
     if (row.takesName && name) return readText(row, *name, model, at);
     switch (row.origin) {
         case Row::Origin::nowhere: return !row.required;
-        case Row::Origin::whole: return map.size == 0 ? at.miss("members") : row.read(map, model, at);
+        case Row::Origin::whole: return map.size == 0 ? at.miss(anyMembers) : row.read(map, model, at);
         case Row::Origin::member: break;
     }
     return row.outer.empty() ? readMember<observed>(row, row.key, model, map, at)

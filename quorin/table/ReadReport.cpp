@@ -21,6 +21,7 @@ std::string_view nameOf(Cost cost) {
         case Cost::mapDropped: return "whole map dropped";
         case Cost::nothingRead: return "nothing read";
         case Cost::notAsked: return "no reader asks for it";
+        case Cost::overridden: return "the document's own stand in its place";
     }
     return "unknown";
 }

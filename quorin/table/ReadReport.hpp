@@ -23,6 +23,7 @@ enum class Cost : std::uint8_t {
     mapDropped,      ///< a whole map is absent
     nothingRead,     ///< the read yielded nothing
     notAsked,        ///< nothing: no reader asks for this member
+    overridden,      ///< nothing is read of it: the web services of the document stand in its place
 };
 
 /// The cost in words: "field absent", "entry dropped", ...
@@ -30,6 +31,15 @@ std::string_view nameOf(Cost cost);
 
 /// What is expected of a member that no reader asks for, and found where a required one is missing.
 inline constexpr std::string_view nothing = "nothing";
+
+/// What is expected of an object whose whole is the value.
+inline constexpr std::string_view anyMembers = "members";
+
+/// What is found where a number or a boolean is expected and stands in quotes.
+inline constexpr std::string_view quotedValue = "value in quotes";
+
+/// What is found where one of some texts is expected and none of them stands.
+inline constexpr std::string_view otherText = "other text";
 
 /// One value of the document that a reader did not take. The texts are constants of the library.
 struct Finding {

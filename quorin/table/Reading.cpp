@@ -42,6 +42,15 @@ Cost costOf(const Trail& trail) {
     return Cost::nothingRead;
 }
 
+/// Whether somebody meant a number or a boolean, without the grammar of them.
+bool looksNumeric(std::string_view text) {
+    if (text == "true" || text == "false") return true;
+    constexpr std::size_t longest = 32;
+    const bool begins =
+        !text.empty() && text.size() <= longest && (text[0] == '-' || (text[0] >= '0' && text[0] <= '9'));
+    return begins && text != "-" && text.find_first_not_of("0123456789+-.eE") == text.npos;
+}
+
 }  // namespace
 
 const Reading& Reading::below(Step& step, const Trail& trail) const {
@@ -49,6 +58,11 @@ const Reading& Reading::below(Step& step, const Trail& trail) const {
     step.reading = *this;
     step.reading.trail_ = &step.trail;
     return step.reading;
+}
+
+std::string_view Reading::nameOfNumeric(const Node& found) {
+    const bool isQuoted = found.kind == json::Kind::string && looksNumeric(found.string());
+    return isQuoted ? quotedValue : nameOf(found.kind);
 }
 
 bool Reading::tell(std::string_view expected, std::string_view found) const {

@@ -70,6 +70,16 @@ public:
         return trail_ && tell(expected, nameOf(found.kind));
     }
 
+    /// The same of a number or a boolean, which may stand there in quotes.
+    bool rejectNumeric(std::string_view expected, const Node& found) const {
+        return trail_ && tell(expected, nameOfNumeric(found));
+    }
+
+    /// The same of one of some texts, where none of them stands.
+    bool rejectText(std::string_view expected, const Node& found) const {
+        return trail_ && tell(expected, found.kind == json::Kind::string ? otherText : nameOf(found.kind));
+    }
+
     /// Tells that a required value is not there. Always false.
     bool miss(std::string_view expected) const { return trail_ && tell(expected, nothing); }
 
@@ -80,6 +90,7 @@ private:
     friend struct Step;
     Reading() = default;  // of a step that is not taken
 
+    static std::string_view nameOfNumeric(const Node& found);
     const Reading& below(Step& step, const Trail& trail) const;
     bool tell(std::string_view expected, std::string_view found) const;
     void tell(std::string_view expected, std::string_view found, Cost cost) const;

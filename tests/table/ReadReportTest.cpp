@@ -23,7 +23,7 @@ TEST(ReadReport, IsEmptyWhenEverythingIsTaken) {
 
 TEST(ReadReport, TellsAFieldThatIsAbsent) {
     EXPECT_THAT(findingsIn(R"({"videoPlayer": {"ads": {"freeTime": "600"}}})"),
-                ElementsAre(Finding{"/videoPlayer/ads/freeTime", "integer", "string", Cost::fieldAbsent}));
+                ElementsAre(Finding{"/videoPlayer/ads/freeTime", "integer", "value in quotes", Cost::fieldAbsent}));
 }
 
 TEST(ReadReport, TellsNull) {
@@ -33,9 +33,10 @@ TEST(ReadReport, TellsNull) {
 }
 
 TEST(ReadReport, TellsADefaultThatIsUsed) {
-    EXPECT_THAT(findingsIn(R"({"webservices": {"a": {"url": {"value": "u"}, "method": "GET",
+    EXPECT_THAT(
+        findingsIn(R"({"webservices": {"a": {"url": {"value": "u"}, "method": "GET",
                                "header": {"Content-Type": "text/html"}}}})"),
-                ElementsAre(Finding{"/webservices/a/header/Content-Type", "media type", "string", Cost::defaultUsed}));
+        ElementsAre(Finding{"/webservices/a/header/Content-Type", "media type", "other text", Cost::defaultUsed}));
 }
 
 TEST(ReadReport, TellsAnElementThatIsDropped) {
@@ -96,7 +97,7 @@ TEST(ReadReport, TellsTheShapeThatEachFieldExpects) {
 
 TEST(ReadReport, TellsAMethodThatIsNone) {
     EXPECT_THAT(reportOf<WebService>(R"({"name": "a", "url": {"value": "u"}, "method": "FETCH"})").findings,
-                ElementsAre(Finding{"/method", "HTTP method", "string", Cost::nothingRead}));
+                ElementsAre(Finding{"/method", "HTTP method", "other text", Cost::nothingRead}));
 }
 
 TEST(ReadReport, EscapesNamesInPointers) {
@@ -109,7 +110,7 @@ TEST(ReadReport, TellsOfArchivesToo) {
     ReadReport report;
     WebService::fromEncoded(object(R"({"name": "a", "url": "u", "method": "get", "Content-Type": "application/json"})"),
                             &report);
-    EXPECT_THAT(report.findings, ElementsAre(Finding{"/method", "HTTP method", "string", Cost::nothingRead}));
+    EXPECT_THAT(report.findings, ElementsAre(Finding{"/method", "HTTP method", "other text", Cost::nothingRead}));
 }
 
 TEST(ReadReport, CollectsWhatSeveralReadsTell) {

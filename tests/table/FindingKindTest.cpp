@@ -1,0 +1,62 @@
+#include "quorin/model/Configuration.hpp"
+#include "quorin/platform/json/Parse.hpp"
+#include "quorin/table/FindingKind.hpp"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace quorin {
+namespace {
+
+/// The codes of what a read of the document tells, each followed by a blank.
+std::string codesIn(std::string_view document) {
+    ReadReport report;
+    Configuration::fromJSON(*json::parse(document).value()->asObject(), &report);
+    std::string codes;
+    for (const Finding& finding : report.findings) codes += std::string(kindOf(finding).code) + " ";
+    return codes;
+}
+
+TEST(FindingKind, TellsAWrongTypeFromAValueInQuotes) {
+    EXPECT_EQ(codesIn(R"({"auth": {"sso": [], "initTimeout": "soon"}})"), "wrong-type wrong-type ");
+    EXPECT_EQ(codesIn(R"({"auth": {"sso": "true", "initTimeout": "30"}})"), "value-in-quotes value-in-quotes ");
+    EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": "-1.5e3"}})"), "value-in-quotes ");
+    EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": "30 s"}})"), "wrong-type ");
+    EXPECT_EQ(codesIn(R"({"common": {"adChoices": 30}})"), "wrong-type ");
+}
+
+TEST(FindingKind, TakesALongTextForNoNumber) {
+    EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": ")" + std::string(33, '1') + "\"}}"), "wrong-type ");
+}
+
+TEST(FindingKind, TellsOfNull) { EXPECT_EQ(codesIn(R"({"auth": {"sso": null}})"), "null-value "); }
+
+TEST(FindingKind, TellsOfANumberBeyond64Bits) {
+    EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": 1e30}})"), "out-of-range ");
+    EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": 18446744073709551615}})"), "out-of-range ");
+}
+
+TEST(FindingKind, TellsOfATextThatIsNoneOfThose) {
+    EXPECT_EQ(codesIn(R"({"webservices": {"a": {"url": {"value": "u"}, "method": "FETCH"}}})"), "unknown-text ");
+    EXPECT_EQ(codesIn(R"({"webservices": {"a": {"url": {"value": "u"}, "method": 1}}})"), "wrong-type ");
+}
+
+TEST(FindingKind, TellsOfWhatIsMissing) {
+    EXPECT_EQ(codesIn(R"({"groups": [{"id": "a"}]})"), "missing-value ");
+    EXPECT_EQ(codesIn(R"({"features": {"a": {}}})"), "empty-object ");
+}
+
+TEST(FindingKind, TellsOfAMemberThatNoReaderKnows) { EXPECT_EQ(codesIn(R"({"promo": 1})"), "unknown-member "); }
+
+TEST(FindingKind, HasACodeOfItsOwnAndAHint) {
+    std::set<std::string_view> codes;
+    for (const FindingKind& kind : findingKinds()) {
+        EXPECT_TRUE(codes.insert(kind.code).second) << kind.code;
+        EXPECT_FALSE(kind.hint.empty()) << kind.code;
+    }
+}
+
+}  // namespace
+}  // namespace quorin
