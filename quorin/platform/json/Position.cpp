@@ -2,6 +2,7 @@
 
 #include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/Pointer.hpp"
+#include "quorin/platform/json/Scan.hpp"
 #include "quorin/platform/json/UTF8.hpp"
 
 #include <algorithm>
@@ -26,14 +27,13 @@ struct Step {
     }
 };
 
-/// Goes over a text that is known to parse.
-class Pass {
+class Pass : private Scan {
 public:
-    explicit Pass(std::string_view text) : text_(text) {}
+    explicit Pass(std::string_view text) : Scan(text) {}
 
     void value(Step* step) {
         skipBlanks();
-        if (step) step->offset = at_;
+        if (step) step->offset = at();
         if (step && step->next.empty()) step = nullptr;
         if (peek() == '{')
             members(step);
@@ -46,44 +46,16 @@ public:
     }
 
 private:
-    char peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
-
-    void skipBlanks() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
-    void skipPlain() { at_ = std::min(text_.find_first_of(",]} \t\r\n", at_), text_.size()); }
-
-    std::string_view skipString() {
-        const std::size_t begin = at_++;
-        while (at_ < text_.size() && text_[at_] != '"') at_ += text_[at_] == '\\' ? 2 : 1;
-        at_ = std::min(at_ + 1, text_.size());
-        return text_.substr(begin, at_ - begin);
-    }
-
-    /// Whether another item follows; the end of the list or object is passed over.
-    bool more(char end) {
-        skipBlanks();
-        const char c = peek();
-        if (c == ',' || c == end || c == '\0') ++at_;
-        skipBlanks();
-        return c != end && c != '\0' && peek() != '\0';
-    }
-
     void members(Step* step) {
-        ++at_;
-        skipBlanks();
-        if (peek() == '}') return void(++at_);
+        if (!begins('}')) return;
         do {
-            skipBlanks();
-            const std::string_view name = skipString();
-            skipBlanks();
-            ++at_;  // the colon
+            const std::string_view name = skipName();
             value(step ? memberOf(*step, name) : nullptr);
         } while (more('}'));
     }
 
     void elements(Step* step) {
-        ++at_;
-        skipBlanks();
-        if (peek() == ']') return void(++at_);
+        if (!begins(']')) return;
         std::size_t index = 0;
         do {
             value(step ? stepTo(*step, std::to_string(index++)) : nullptr);
@@ -91,18 +63,14 @@ private:
     }
 
     static Step* memberOf(Step& step, std::string_view quoted) {
-        if (quoted.find('\\') == quoted.npos) return stepTo(step, quoted.substr(1, quoted.size() - 2));
-        const ParseResult name = parse(quoted);
-        return name ? stepTo(step, name.value()->node().string()) : nullptr;
+        const std::optional<std::string> name = nameIn(quoted);
+        return name ? stepTo(step, *name) : nullptr;
     }
 
     static Step* stepTo(Step& step, std::string_view name) {
         const auto found = step.next.find(name);
         return found == step.next.end() ? nullptr : &found->second;
     }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
 };
 
 Position moved(Position from, std::string_view over) {
@@ -113,10 +81,6 @@ Position moved(Position from, std::string_view over) {
             ++from.column;
     }
     return from;
-}
-
-std::string_view withoutMark(std::string_view text) {
-    return text.substr(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
 }
 
 }  // namespace
