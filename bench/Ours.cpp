@@ -8,12 +8,12 @@
 
 namespace quorin::bench {
 
-std::shared_ptr<const Configuration> load(const std::string& text, const std::shared_ptr<ReadReport>& report) {
+std::shared_ptr<const Configuration> load(const std::string& text, bool findings) {
     const auto document = *json::parse(text, text.capacity() - text.size()).value()->asObject();
-    const auto loaded =
-        loading::configurationIn(document, text, {.deviceID = "D", .brand = Brand::orvel, .report = report});
-    if (!loaded) std::abort();
-    return *loaded;
+    const auto report =
+        loading::reportOf(document, text, "/a.json", {.deviceID = "D", .brand = Brand::orvel, .findings = findings});
+    if (report.failure) std::abort();
+    return report.configuration;
 }
 
 Platform platformOn(const std::string& store) {

@@ -9,7 +9,7 @@
 namespace quorin::bench {
 
 /// The typed load of a text that has the room behind it with which files and responses are read.
-std::shared_ptr<const Configuration> load(const std::string& text, const std::shared_ptr<ReadReport>& report = {});
+std::shared_ptr<const Configuration> load(const std::string& text, bool findings = false);
 
 /// An app whose store is this file, with cookies of its own.
 Platform platformOn(const std::string& store);

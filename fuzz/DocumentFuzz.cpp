@@ -7,13 +7,10 @@
 #include "fuzz/Fuzz.hpp"
 #include "fuzz/Scratch.hpp"
 
-#include <memory>
 #include <optional>
 
 namespace quorin::fuzz {
 namespace {
-
-using loading::ConfigurationPointer;
 
 std::optional<DocumentMap> objectIn(std::string_view text) {
     const auto parsed = json::parse(text);
@@ -32,21 +29,22 @@ void checkArchive(const Configuration& loaded) {
     require(printed && *printed == archive, "the printed archive is an equal object");
 }
 
-void checkReport(const ReadReport& report) {
+void checkFindings(const ReadReport& report) {
     for (const Finding& finding : report.findings)
         require(finding.position && finding.position->line > 0, "a finding has a place in the text");
 }
 
 void check(const PathURL& file, std::optional<Brand> brand) {
-    const auto report = std::make_shared<ReadReport>();
-    const auto quiet = loading::configurationAt(file, {.deviceID = "D", .brand = brand});
-    const auto told = loading::configurationAt(file, {.deviceID = "D", .brand = brand, .report = report});
-    require(static_cast<bool>(quiet) == static_cast<bool>(told), "a report does not change the verdict");
-    if (!quiet) return require(report->findings.empty(), "a load that fails leaves the report as it is");
-    require(**quiet == **told, "a report does not change the value");
-    require((*quiet)->brand == brand && (*quiet)->device == "D", "a load stamps what it loads");
-    checkArchive(**quiet);
-    checkReport(*report);
+    const auto quiet = loading::reportOf(file, {.deviceID = "D", .brand = brand});
+    const auto told = loading::reportOf(file, {.deviceID = "D", .brand = brand, .findings = true});
+    require(quiet.failure.has_value() == told.failure.has_value(), "findings do not change the verdict");
+    require(quiet.failure.has_value() == !quiet.configuration, "a load fails or yields a configuration");
+    if (quiet.failure) return require(!quiet.failure->message.empty(), "a failure is told in words");
+    require(*quiet.configuration == *told.configuration, "findings do not change the value");
+    require(quiet.configuration->brand == brand && quiet.configuration->device == "D", "a load stamps what it loads");
+    require(quiet.fingerprint() == told.fingerprint(), "findings do not change the fingerprint");
+    checkArchive(*quiet.configuration);
+    checkFindings(*told.findings);
 }
 
 /// The whole document, and the section of each brand that it may hold one of.

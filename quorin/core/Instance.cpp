@@ -5,9 +5,9 @@
 #include "quorin/context/Snapshot.hpp"
 #include "quorin/core/BrandSection.hpp"
 #include "quorin/core/Loading.hpp"
+#include "quorin/platform/rx/DoOnError.hpp"
 #include "quorin/platform/rx/Just.hpp"
 #include "quorin/platform/rx/Map.hpp"
-#include "quorin/platform/skell/Json.hpp"
 #include "quorin/platform/skell/Request.hpp"
 
 #include <utility>
@@ -15,32 +15,26 @@
 namespace quorin {
 namespace {
 
-/// The arguments of a load whose report comes to the host's place only when the load is done.
-struct Reporting {
-    explicit Reporting(const LoadArguments& given) : arguments(given), place(given.report) {
-        if (place) arguments.report = std::make_shared<ReadReport>();
-    }
-
-    void handOver() const {
-        if (place) *place = std::move(*arguments.report);
-    }
-
-    LoadArguments arguments;
-    std::shared_ptr<ReadReport> place;
-};
+rx::Result<ConfigurationManager::Instance::ConfigurationPointer> outcomeOf(const LoadReport& report) {
+    if (report.failure) return report.failure->error;
+    return report.configuration;
+}
 
 }  // namespace
 
 /// What loads replace. A load that is under way keeps it, so it may end after its manager.
 struct ConfigurationManager::Instance::Loaded {
-    Snapshot<Configuration> configuration{};
+    Snapshot<LoadReport> current{};  ///< of the last load that succeeded
+    Snapshot<LoadReport> failed{};
     UserZ userZ{};
 
-    /// First what takes memory, and may fail: a failed load leaves everything as it is.
-    void adopt(ConfigurationPointer next, std::string zone, const Reporting& reporting) {
-        userZ.set(std::move(zone));
-        configuration.set(std::move(next));
-        reporting.handOver();
+    /// First what takes memory, and may fail: a load that does leaves everything as it is.
+    void adopt(LoadReport report, const Platform& services) {
+        report.time = services.clock();
+        auto next = std::make_shared<const LoadReport>(std::move(report));
+        if (next->failure) return failed.set(std::move(next));
+        userZ.set(ConfigurationManagerUtils::generateZ(services));
+        current.set(std::move(next));
     }
 };
 
@@ -50,33 +44,47 @@ ConfigurationManager::Instance::Instance(const Platform& platform)
 ConfigurationManager::Instance::~Instance() = default;
 
 ConfigurationManager::Instance::ConfigurationPointer ConfigurationManager::Instance::configuration() const {
-    return loaded_->configuration.get();
+    auto report = loadReport();
+    const Configuration* const read = report ? report->configuration.get() : nullptr;
+    return {std::move(report), read};
 }
+
+std::shared_ptr<const LoadReport> ConfigurationManager::Instance::loadReport() const { return loaded_->current.get(); }
+std::shared_ptr<const LoadReport> ConfigurationManager::Instance::failedLoad() const { return loaded_->failed.get(); }
 
 rx::Observable<ConfigurationManager::Instance::ConfigurationPointer> ConfigurationManager::Instance::initialize(
     const std::string& url, LoadArguments arguments) const {
     auto request = skell::Request::GET(url);
     request.transport = platform_.transport;
-    const auto load = [arguments = std::move(arguments), loaded = loaded_,
-                       services = platform_](const skell::Response& response) -> rx::Result<ConfigurationPointer> {
-        const auto document = skell::jsonObject(response);
-        if (!document) return document.error();
-        const Reporting reporting(arguments);
-        auto configuration = loading::configurationIn(*document, response.body(), reporting.arguments);
-        if (configuration) loaded->adopt(*configuration, ConfigurationManagerUtils::generateZ(services), reporting);
-        return configuration;
+    const auto tell = [url, arguments, loaded = loaded_, services = platform_](const rx::Error& error) {
+        loaded->adopt(loading::reportOf(error, url, arguments), services);
     };
-    return rx::map(request.response(), load);
+    const auto load = [url, arguments = std::move(arguments), loaded = loaded_,
+                       services = platform_](const skell::Response& response) -> rx::Result<ConfigurationPointer> {
+        LoadReport report = loading::reportOf(response, url, arguments);
+        const rx::Result<ConfigurationPointer> result = outcomeOf(report);
+        loaded->adopt(std::move(report), services);
+        return result;
+    };
+    return rx::map(rx::doOnError(request.response(), tell), load);
 }
 
 rx::Observable<ConfigurationManager::Instance::ConfigurationPointer> ConfigurationManager::Instance::initialize(
     const PathURL& file, const LoadArguments& arguments) const {
-    const Reporting reporting(arguments);
-    const auto configuration = loading::configurationAt(file, reporting.arguments);
-    if (!configuration) return rx::error<ConfigurationPointer>(configuration.error());
-    auto delivering = rx::just(*configuration);
-    loaded_->adopt(*configuration, ConfigurationManagerUtils::generateZ(platform_), reporting);
+    LoadReport report = loading::reportOf(file, arguments);
+    auto delivering = report.failure ? rx::error<ConfigurationPointer>(report.failure->error)
+                                     : rx::just(ConfigurationPointer(report.configuration));
+    loaded_->adopt(std::move(report), platform_);
     return delivering;
+}
+
+SupportCard ConfigurationManager::Instance::supportCard() const {
+    return {.app = platform_.bundle,
+            .device = platform_.device,
+            .locale = platform_.locale(),
+            .store = platform_.store->status(),
+            .load = loadReport(),
+            .failed = failedLoad()};
 }
 
 DocumentMap ConfigurationManager::Instance::config(const DocumentMap& json, std::optional<Brand> brand) {

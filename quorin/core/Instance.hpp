@@ -4,6 +4,8 @@
 #include "quorin/context/Platform.hpp"
 #include "quorin/core/ConfigurationManager.hpp"
 #include "quorin/core/LoadArguments.hpp"
+#include "quorin/core/LoadReport.hpp"
+#include "quorin/core/SupportCard.hpp"
 #include "quorin/model/Configuration.hpp"
 #include "quorin/platform/rx/Observable.hpp"
 
@@ -36,6 +38,16 @@ public:
     /// of them: it never changes, whatever is loaded later.
     ConfigurationPointer configuration() const;
     bool configured() const { return configuration() != nullptr; }
+
+    /// What is known of the load that made the current configuration, which it holds: a caller that wants both takes
+    /// the configuration out of it. Null before the first successful load.
+    std::shared_ptr<const LoadReport> loadReport() const;
+
+    /// The same of the last load that failed, however many have succeeded since; null when none did.
+    std::shared_ptr<const LoadReport> failedLoad() const;
+
+    /// What support needs to know of the app's configuration, for the user to send: without any secret.
+    SupportCard supportCard() const;
 
     /// Loads the configuration from an http or https URL: one value, or the request library's error, or an `Oops`
     /// record. Each subscription sends a request and, when it succeeds, replaces the current configuration; a failure

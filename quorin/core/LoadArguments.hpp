@@ -1,9 +1,7 @@
 #pragma once
 
 #include "quorin/model/Brand.hpp"
-#include "quorin/table/ReadReport.hpp"
 
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -17,11 +15,9 @@ struct LoadArguments {
     std::optional<Brand> brand{};  ///< whose section is read; absent: the whole document
     std::string version = "1.0.0";
 
-    /// Where to put what the document held that was not taken, each with line and column, before the configuration is
-    /// delivered; a load that fails leaves it as it is. It is written on the thread that delivers, so each load that
-    /// runs beside another has one of its own, and it is read when the load has ended. Null: nobody wants to know, and
-    /// the read is spared the work.
-    std::shared_ptr<ReadReport> report{};
+    /// Whether the load's report tells what the document held that was not taken, each with line and column. Where
+    /// nobody wants to know, the read is spared the work.
+    bool findings = false;
 };
 
 /// The path of a file, where a text would be taken for a URL.

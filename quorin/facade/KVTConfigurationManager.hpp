@@ -58,6 +58,9 @@ public:
     std::string userAgent() const { return configurationManager().userAgent(); }
     void setUserAgent(const std::string& existing) const { configurationManager().setUserAgent(existing); }
 
+    /// What support needs to know, in ten lines, without any secret.
+    std::string supportCard() const { return configurationManager().supportCard().text(); }
+
     /// The manager that this one speaks for.
     Instance& configurationManager() const { return manager_ ? *manager_ : ConfigurationManager::sharedInstance(); }
 

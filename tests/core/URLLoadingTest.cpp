@@ -123,11 +123,11 @@ TEST_F(URLLoading, EndsWhenItsTimeHasPassed) {
 
 TEST_F(URLLoading, ReportsWhatWasNotTaken) {
     FaultServer server({{"/a", answer(200, "{\"orvel\":\n {\"auth\": 1}}")}});
-    const auto report = std::make_shared<ReadReport>();
-    ASSERT_TRUE(load(server.url("/a"), {.brand = Brand::orvel, .report = report}));
-    ASSERT_EQ(report->findings.size(), 1U);
-    EXPECT_EQ(report->findings[0].pointer, "/orvel/auth");
-    EXPECT_EQ(report->findings[0].position, (json::Position{2, 11}));
+    ASSERT_TRUE(load(server.url("/a"), {.brand = Brand::orvel, .findings = true}));
+    const auto& findings = manager_->loadReport()->findings->findings;
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].pointer, "/orvel/auth");
+    EXPECT_EQ(findings[0].position, (json::Position{2, 11}));
 }
 
 TEST_F(URLLoading, MayEndAfterItsManager) {

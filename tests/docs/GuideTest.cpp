@@ -204,15 +204,24 @@ TEST(Guide, LearnsWhatADocumentHeldThatWasNotTaken) {
     const ConfigurationManager::Instance manager(testPlatform());
     std::string lines;
 
-    const auto report = std::make_shared<ReadReport>();
-    const auto loaded = rx::wait(manager.initialize(PathURL{path}, {.report = report}));
-    for (const Finding& finding : report->findings) {
+    const auto loaded = rx::wait(manager.initialize(PathURL{path}, {.findings = true}));
+    for (const Finding& finding : manager.loadReport()->findings->findings) {
         lines += finding.pointer + ": " + std::string(finding.found) + " in place of " + std::string(finding.expected);
         if (finding.position) lines += ", line " + std::to_string(finding.position->line);
     }
 
     EXPECT_TRUE(loaded);
     EXPECT_EQ(lines, "/auth/initTimeout: string in place of integer, line 2");
+}
+
+TEST(Guide, MakesACardForSupport) {
+    const TemporaryFolder folder;
+    const ConfigurationManager::Instance manager(testPlatform());
+    EXPECT_FALSE(rx::wait(manager.initialize(PathURL{folder.write("a.json", "{")}, {})));
+
+    const std::string card = manager.supportCard().text();
+
+    EXPECT_NE(card.find("a.json"), std::string::npos) << card;
 }
 
 TEST(Guide, LoadsForAHostThatKnowsObjects) {

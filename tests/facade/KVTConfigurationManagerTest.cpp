@@ -165,6 +165,8 @@ TEST_F(Facade, MakesAUserAgentOfTheTextItIsGiven) {
     EXPECT_THAT(facade_.userAgent(), testing::EndsWith("CFNetwork/1 Darwin/2"));
 }
 
+TEST_F(Facade, YieldsTheSupportCardAsText) { EXPECT_EQ(facade_.supportCard(), manager_.supportCard().text()); }
+
 TEST(KVTConfigurationManager, SpeaksForTheSharedManager) {
     const Testbed bed;
     EXPECT_EQ(support::inChild([&] {

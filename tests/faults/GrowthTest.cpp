@@ -75,9 +75,7 @@ protected:
         return faults::takenBy([&] { configuration->encode(); });
     }
 
-    static LoadArguments arguments(bool reported) {
-        return {.deviceID = "D", .report = reported ? std::make_shared<ReadReport>() : nullptr};
-    }
+    static LoadArguments arguments(bool reported) { return {.deviceID = "D", .findings = reported}; }
 
     const Testbed bed_{};
     ConfigurationManager::Instance manager_{bed_.start()};

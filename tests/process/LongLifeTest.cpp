@@ -67,11 +67,10 @@ TEST(LongLife, OfLoadsFromAFileTakesNoMore) {
     EXPECT_EQ(support::inChild([&] {
                   inOneArena();
                   const ConfigurationManager::Instance manager(bed.start());
-                  const auto report = std::make_shared<ReadReport>();
                   int loaded = 0;
                   const std::string growth = growthOver(10'000, [&](int i) {
                       const PathURL& source = i % 10 == 9 ? broken : file;
-                      if (rx::wait(manager.initialize(source, {.deviceID = "D", .report = report}))) ++loaded;
+                      if (rx::wait(manager.initialize(source, {.deviceID = "D", .findings = true}))) ++loaded;
                   });
                   return std::to_string(loaded) + " loaded, growth " + growth;
               }),

@@ -65,6 +65,17 @@ TEST_F(TwoDocuments, AreNeverMixedForAReader) {
     EXPECT_EQ(loads().add(6, read).run(), std::set<std::string>());
 }
 
+TEST_F(TwoDocuments, HaveReportsOfTheirOwn) {
+    const auto read = [this]() -> std::string {
+        const auto report = manager_.loadReport();
+        const std::string& name = *report->configuration->version;
+        if (!report->source.ends_with(name)) return "the report of another";
+        if (manager_.supportCard().text().empty()) return "no card";
+        return flawOf(*report->configuration);
+    };
+    EXPECT_EQ(loads().add(6, read).run(), std::set<std::string>());
+}
+
 TEST_F(TwoDocuments, LeaveHeadersAndTimeZoneWhole) {
     const auto ask = [this]() -> std::string {
         const StringMap headers = manager_.defaultHeaders();

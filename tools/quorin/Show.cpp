@@ -117,10 +117,9 @@ void addShow(CLI::App& program, Action& chosen) {
     source->addTo(made, "SOURCE", true).required();
     made.callback([source, &chosen] {
         chosen = [source](Session& session) -> Outcome {
-            const auto report = std::make_shared<ReadReport>();
-            const auto loaded = source->load(session, report);
+            const auto loaded = source->load(session, true);
             if (const auto* failure = std::get_if<Failure>(&loaded)) return *failure;
-            show(session.output, *std::get<ConfigurationPointer>(loaded), *report);
+            show(session.output, *std::get<ConfigurationPointer>(loaded), *session.manager().loadReport()->findings);
             return {};
         };
     });

@@ -43,18 +43,13 @@ std::optional<Brand> brandOf(const std::optional<std::string>& text, Output& out
     return brand;
 }
 
-/// What is wrong with a file that did not load, in more words than the library's record has. A pipe cannot be read
-/// again.
-std::string whatIsWrong(const std::string& path, const rx::Error& error) {
-    std::error_code failure;
-    if (std::filesystem::is_fifo(path, failure)) return error.description() + "; write a JSON object to the pipe";
-    const auto read = foundation::readFile(path);
-    if (!read) return read.failure.message() + "; name a file that can be read";
-    const auto parsed = json::parse(read.bytes);
-    if (const auto* broken = parsed.error())
-        return "not JSON at line " + std::to_string(broken->position.line) + ", column "
-               + std::to_string(broken->position.column) + ": " + broken->message + "; mend the document there";
-    return "a JSON " + std::string(nameOf(parsed.value()->kind())) + ", but a configuration is a JSON object";
+/// What is wrong with a file that did not load, in more words than the library's record has, and what to do about it.
+std::string whatIsWrong(const LoadReport& failed) {
+    const std::string& words = failed.failure->message;
+    if (const auto& place = failed.failure->position)
+        return "not JSON at line " + std::to_string(place->line) + ", column " + std::to_string(place->column) + ": "
+               + words + "; mend the document there";
+    return failed.size == 0 ? words + "; name a file that can be read" : words;
 }
 
 }  // namespace
@@ -83,18 +78,17 @@ CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool 
     return source;
 }
 
-std::variant<ConfigurationPointer, Failure> Source::load(Session& session, std::shared_ptr<ReadReport> report) const {
+std::variant<ConfigurationPointer, Failure> Source::load(Session& session, bool findings) const {
     const LoadArguments arguments{.deviceID = device ? *device : deviceOfMachine(),
                                   .brand = brandOf(brand, session.output),
                                   .version = version,
-                                  .report = std::move(report)};
+                                  .findings = findings};
     auto& manager = session.manager();
     const auto loaded = rx::wait(isURL(name) ? manager.initialize(name, arguments)
                                              : manager.initialize(PathURL{pathOf(name)}, arguments));
     if (loaded) return *loaded;
     Failure failure = Failure::of(loaded.error(), "cannot load " + (isURL(name) ? "the URL" : calledFile(name)));
-    if (!isURL(name))
-        failure.message = "cannot load " + calledFile(name) + ": " + whatIsWrong(pathOf(name), loaded.error());
+    if (!isURL(name)) failure.message = "cannot load " + calledFile(name) + ": " + whatIsWrong(*manager.failedLoad());
     return failure;
 }
 

@@ -5,7 +5,6 @@
 
 #include "Command.hpp"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -24,8 +23,8 @@ struct Source {
     /// Adds the arguments, the source itself under `argument`; `withDevice` adds `--device` too.
     CLI::Option& addTo(CLI::App& command, const std::string& argument, bool withDevice);
 
-    /// Loads it into the session's manager; what was not taken goes to `report`, if one is given.
-    std::variant<ConfigurationPointer, Failure> load(Session& session, std::shared_ptr<ReadReport> report = {}) const;
+    /// Loads it into the session's manager, whose report tells what was not taken where `findings` are asked for.
+    std::variant<ConfigurationPointer, Failure> load(Session& session, bool findings = false) const;
 };
 
 /// The path at which a file named on the command line is read.

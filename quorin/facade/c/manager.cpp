@@ -102,6 +102,10 @@ quorin_status quorin_manager_user_agent(char* buffer, uint64_t capacity, uint64_
     return yield([] { return manager.userAgent(); }, {buffer, capacity, size});
 }
 
+quorin_status quorin_manager_support_card(char* buffer, uint64_t capacity, uint64_t* size) {
+    return yield([] { return manager.supportCard(); }, {buffer, capacity, size});
+}
+
 quorin_status quorin_manager_set_user_agent(quorin_text existing) {
     return c::guarded([&]() -> quorin_status {
         const auto text = c::textOf(existing);

@@ -27,8 +27,8 @@ quorin_status quorin_manager_configuration(quorin_handle* configuration);
 quorin_status quorin_manager_configured(int32_t* configured);
 
 /// The account identifier. Assigning it stores it and makes the account cookie anew, for the domain
-/// that the store holds; no text removes it. QUORIN_NO_MEMORY may come of an assignment that was made: its value tells, and
-/// all observers that have memory for it were told. To assign it again stores it.
+/// that the store holds; no text removes it. QUORIN_NO_MEMORY may come of an assignment that was made: its value tells,
+/// and all observers that have memory for it were told. To assign it again stores it.
 quorin_status quorin_manager_kova(char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_manager_set_kova(quorin_text value);
 
@@ -40,6 +40,9 @@ quorin_status quorin_manager_set_profile_bind(quorin_handle anonymous_bind);
 /// An assignment keeps what the library makes of the text, for this process.
 quorin_status quorin_manager_user_agent(char* buffer, uint64_t capacity, uint64_t* size);
 quorin_status quorin_manager_set_user_agent(quorin_text existing);
+
+/// What support needs to know of the app's configuration, for the user to send: ten lines without any secret.
+quorin_status quorin_manager_support_card(char* buffer, uint64_t capacity, uint64_t* size);
 
 /// Streams of every assignment made after the subscription; their values are text objects, and
 /// QUORIN_NONE where the value was removed.

@@ -2,6 +2,7 @@
 
 #include <time.h>
 
+#include <array>
 #include <cstdlib>
 #include <ctime>
 
@@ -30,6 +31,14 @@ std::string utcOffset(std::chrono::system_clock::time_point moment) {
     appendTwoDigits(text, std::labs(minutes) / 60);
     appendTwoDigits(text, std::labs(minutes) % 60);
     return text;
+}
+
+std::string utcTime(std::chrono::system_clock::time_point moment) {
+    const std::time_t time = std::chrono::floor<std::chrono::seconds>(moment.time_since_epoch()).count();
+    std::tm parts{};
+    gmtime_r(&time, &parts);
+    std::array<char, 64> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
 }
 
 }  // namespace quorin::foundation

@@ -11,4 +11,7 @@ namespace quorin::foundation {
 /// environment meanwhile.
 std::string utcOffset(std::chrono::system_clock::time_point moment);
 
+/// That moment in UTC, in whole seconds, as RFC 3339 writes it: "2026-11-22T09:12:03Z".
+std::string utcTime(std::chrono::system_clock::time_point moment);
+
 }  // namespace quorin::foundation

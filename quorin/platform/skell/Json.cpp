@@ -10,9 +10,11 @@ namespace quorin::skell {
 namespace {
 
 SkellError notJSON(const Response& response, const json::ParseError& error) {
-    return failure(SkellError::Kind::decoding, response.url(),
-                   "a body that is not JSON, line " + std::to_string(error.position.line) + ", column "
-                       + std::to_string(error.position.column) + ", " + error.message);
+    auto made = failure(SkellError::Kind::decoding, response.url(),
+                        "a body that is not JSON, line " + std::to_string(error.position.line) + ", column "
+                            + std::to_string(error.position.column) + ", " + error.message);
+    made.position = error.position;
+    return made;
 }
 
 /// The body as what `shaped` makes of its value, if it makes anything.

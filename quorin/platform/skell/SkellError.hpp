@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quorin/platform/json/Position.hpp"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -30,9 +32,10 @@ struct SkellError {
     };
 
     Kind kind = Kind::network;
-    std::optional<int> status{};  ///< of the response, where `kind` is `status`
-    std::string url{};            ///< what failed, redacted; after redirects the hop that failed
-    std::string message{};        ///< for a person: what happened, where, what to do
+    std::optional<int> status{};               ///< of the response, where `kind` is `status`
+    std::string url{};                         ///< what failed, redacted; after redirects the hop that failed
+    std::string message{};                     ///< for a person: what happened, where, what to do
+    std::optional<json::Position> position{};  ///< in the body, where that is no JSON
 
     static constexpr std::string_view errorName = "SkellError";
 

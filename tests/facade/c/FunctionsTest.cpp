@@ -200,7 +200,8 @@ TEST(Functions, RefuseAnObjectOfAnotherKindWhereTheyTakeOne) {
               "quorin_manager_parent_profile_id_observer quorin_manager_profile_bind "
               "quorin_manager_profile_jwt_observer quorin_manager_set_kova quorin_manager_set_profile_bind "
               // and three that see before that their list is not there
-              "quorin_manager_set_user_agent quorin_manager_user_agent quorin_params_make quorin_params_set_headers "
+              "quorin_manager_set_user_agent quorin_manager_support_card quorin_manager_user_agent quorin_params_make "
+              "quorin_params_set_headers "
               "quorin_params_set_query_parameters quorin_params_set_url_mapping quorin_release quorin_request_create "
               "quorin_web_service_from_encoded ");
 }

@@ -148,6 +148,11 @@ TEST_F(Host, ReadsTheBindItAssigned) {
               "QUORIN_ABSENT0pt");
 }
 
+TEST_F(Host, ReadsTheSupportCard) {
+    EXPECT_EQ(inHost([](const App&) { return text(quorin_manager_support_card).substr(0, 28); }),
+              "library: QuorinConfigManager");
+}
+
 TEST_F(Host, ReadsAccountAndUserAgent) {
     EXPECT_EQ(inHost([](const App&) {
                   const quorin_status before = textWith(quorin_manager_kova).first;
