@@ -111,7 +111,8 @@ void check(std::string_view input) {
     checkLines(hop);
     if (!lowered(hop.url).starts_with("http:") || hop.method == HTTPMethod::CONNECT) return;
     const Exchanged exchanged = wire().exchange(hop, *request.transport, reply);
-    require(!exchanged.sent.empty(), "what is not refused is sent");
+    if (const auto* failure = std::get_if<SkellError>(&exchanged.outcome); failure && exchanged.sent.empty())
+        return require(failure->kind == SkellError::Kind::invalidURL, "what is not refused is sent, or has no host");
     checkMessage(exchanged.sent, hop);
 }
 

@@ -33,6 +33,11 @@ TEST(Failure, IsInvalidURLForTextThatIsNone) {
     }
 }
 
+TEST(Failure, IsInvalidURLForAHostThatEscapesToNone) {
+    for (const char* url : {"http://h.example%80/", "http://h%00/", "http://h%0d%0aa/", "http://a%20b/"})
+        EXPECT_EQ(failureKind(url), "invalidURL") << url;
+}
+
 TEST(Failure, IsInvalidURLForOtherSchemes) {
     for (const char* url : {"file:///etc/passwd", "ftp://127.0.0.1/", "gopher://127.0.0.1/", "data://x"}) {
         EXPECT_EQ(failureKind(url), "invalidURL") << url;
