@@ -1,8 +1,6 @@
 #include "ModelFile.hpp"
 
-#include "quorin/platform/foundation/File.hpp"
-#include "quorin/platform/json/Parse.hpp"
-
+#include "DocumentSource.hpp"
 #include "Source.hpp"
 
 #include <algorithm>
@@ -33,17 +31,9 @@ ReadArguments ModelArguments::readArguments() const {
 }
 
 std::variant<json::DocumentMap, Failure> objectIn(const std::string& file, const std::string& called) {
-    const std::string what = "cannot read " + called + " from " + calledFile(file) + ": ";
-    const auto read = foundation::readFile(pathOf(file), json::parsePadding);
-    if (!read) return Failure::own("file", what + read.failure.message() + "; name a file that can be read");
-    const auto parsed = json::parse(read.bytes, read.bytes.capacity() - read.bytes.size());
-    if (const auto* broken = parsed.error())
-        return Failure::own("notRead", what + "not JSON at line " + std::to_string(broken->position.line) + ", column "
-                                           + std::to_string(broken->position.column) + ": " + broken->message
-                                           + "; mend it there");
-    if (auto object = parsed.value()->asObject()) return *std::move(object);
-    return Failure::own("notRead", what + "it holds a JSON " + std::string(nameOf(parsed.value()->kind()))
-                                       + " where an object must be");
+    auto read = documentIn(file, called);
+    if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
+    return std::get<Document>(std::move(read)).map;
 }
 
 std::variant<std::unique_ptr<AnyModel>, Failure> readModel(const ModelArguments& arguments, const std::string& file) {

@@ -32,11 +32,16 @@ Platform Session::platform() const {
     replace(made.device.systemName, options.systemName);
     replace(made.device.systemVersion, options.systemVersion);
     if (options.locale) made.locale = [locale = *options.locale] { return locale; };
-    const auto total = std::chrono::milliseconds(std::llround(std::max(1.0, options.timeout * 1000)));
-    made.transport.totalTimeout = total;
-    made.transport.connectTimeout = std::min(total, made.transport.connectTimeout);
-    made.transport.maxBody = options.maxBody;
-    made.transport.caFile = options.caFile;
+    made.transport = transport();
+    return made;
+}
+
+skell::Transport Session::transport() const {
+    skell::Transport made = skell::Transport::standard();
+    made.totalTimeout = std::chrono::milliseconds(std::llround(std::max(1.0, options.timeout * 1000)));
+    made.connectTimeout = std::min(made.totalTimeout, made.connectTimeout);
+    made.maxBody = options.maxBody;
+    made.caFile = options.caFile;
     return made;
 }
 

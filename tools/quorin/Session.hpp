@@ -43,6 +43,9 @@ public:
     /// The platform as the options describe it.
     Platform platform() const;
 
+    /// How it sends requests.
+    skell::Transport transport() const;
+
 private:
     std::unique_ptr<ConfigurationManager::Instance> manager_;
 };

@@ -1,28 +1,19 @@
 #include "Source.hpp"
 
 #include "quorin/platform/foundation/File.hpp"
-#include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/foundation/SHA256.hpp"
-#include "quorin/platform/json/Parse.hpp"
 #include "quorin/platform/json/UTF8.hpp"
 #include "quorin/platform/rx/Wait.hpp"
 #include "quorin/platform/skell/SkellError.hpp"
 
+#include "DocumentSource.hpp"
 #include "Nearest.hpp"
 #include "StandardInput.hpp"
 
-#include <filesystem>
 #include <utility>
 
 namespace quorin::tool {
 namespace {
-
-bool isURL(std::string_view name) {
-    const auto begins = [&](std::string_view scheme) {
-        return rawvalues::sameFolded(name.substr(0, scheme.size()), scheme);
-    };
-    return begins("http://") || begins("https://");
-}
 
 /// The machine's identifier is a secret of the machine: only a digest of it leaves.
 std::string deviceOfMachine() {
@@ -32,15 +23,6 @@ std::string deviceOfMachine() {
         if (!identifier.empty()) return foundation::sha256Hex("quorin device " + identifier).substr(0, 32);
     }
     return "unknown-device";
-}
-
-std::optional<Brand> brandOf(const std::optional<std::string>& text, Output& output) {
-    if (!text) return std::nullopt;
-    const Brand brand = Brand::fromRaw(*text);
-    if (brand == Brand::unknown && *text != brand.rawValue())
-        output.warn("\"" + *text + "\" names no brand and loads as unknown; spellings near it: "
-                    + nearest(*text, Brand::spellings()));
-    return brand;
 }
 
 /// What is wrong with a file that did not load, in more words than the library's record has, and what to do about it.
@@ -54,13 +36,25 @@ std::string whatIsWrong(const LoadReport& failed) {
 
 }  // namespace
 
-CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool withDevice) {
+Brand brandNamed(const std::string& text, Output& output) {
+    const Brand brand = Brand::fromRaw(text);
+    if (brand == Brand::unknown && text != brand.rawValue())
+        output.warn("\"" + text + "\" names no brand and loads as unknown; spellings near it: "
+                    + nearest(text, Brand::spellings()));
+    return brand;
+}
+
+CLI::Option& addSource(CLI::App& command, const std::string& argument, std::string& name) {
     const auto isUTF8URL = [](const std::string& given) {
         return isURL(given) && !json::isUTF8(given) ? std::string("is not UTF-8 text") : std::string();
     };
     CLI::Option& source =
         *command.add_option(argument, name, "An http or https URL, or the path of a file; - is standard input");
-    source.type_name("SOURCE")->check(CLI::Validator(isUTF8URL, ""));
+    return *source.type_name("SOURCE")->check(CLI::Validator(isUTF8URL, ""));
+}
+
+CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool withDevice) {
+    CLI::Option& source = addSource(command, argument, name);
     optionalText(command, "--brand", brand, "The brand, in any accepted spelling")
         .type_name("TEXT")
         ->check(text())
@@ -80,7 +74,7 @@ CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool 
 
 std::variant<ConfigurationPointer, Failure> Source::load(Session& session, bool findings) const {
     const LoadArguments arguments{.deviceID = device ? *device : deviceOfMachine(),
-                                  .brand = brandOf(brand, session.output),
+                                  .brand = brand ? std::optional(brandNamed(*brand, session.output)) : std::nullopt,
                                   .version = version,
                                   .findings = findings};
     auto& manager = session.manager();

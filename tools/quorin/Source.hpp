@@ -27,6 +27,12 @@ struct Source {
     std::variant<ConfigurationPointer, Failure> load(Session& session, bool findings = false) const;
 };
 
+/// Adds the argument that names where a document comes from.
+CLI::Option& addSource(CLI::App& command, const std::string& argument, std::string& name);
+
+/// The brand that a text names. One that names none is `unknown`, with a warning.
+Brand brandNamed(const std::string& text, Output& output);
+
 /// The path at which a file named on the command line is read.
 std::string pathOf(const std::string& name);
 
