@@ -15,6 +15,8 @@ void addLoad(CLI::App& program, Action& chosen);
 void addShow(CLI::App& program, Action& chosen);
 void addRead(CLI::App& program, Action& chosen);
 void addEqual(CLI::App& program, Action& chosen);
+void addDiff(CLI::App& program, Action& chosen);
+void addMatrix(CLI::App& program, Action& chosen);
 void addBrand(CLI::App& program, Action& chosen);
 void addIdentity(CLI::App& program, Action& chosen);
 void addCookie(CLI::App& program, Action& chosen);

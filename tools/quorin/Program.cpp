@@ -57,8 +57,8 @@ void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
 
 void addCommands(CLI::App& program, Action& chosen) {
     program.require_subcommand(1);
-    for (const auto add : {addLoad, addShow, addRead, addEqual, addBrand, addIdentity, addCookie, addHeaders,
-                           addUserAgent, addRequest, addEncode, addAppend, addSchema, addCompletion})
+    for (const auto add : {addLoad, addShow, addRead, addEqual, addDiff, addMatrix, addSchema, addBrand, addIdentity,
+                           addCookie, addHeaders, addUserAgent, addRequest, addEncode, addAppend, addCompletion})
         add(program, chosen);
 }
 
@@ -76,7 +76,8 @@ void addVersion(CLI::App& program, Action& chosen) {
 int run(Session& session, const Action& chosen) {
     Outcome outcome = chosen(session);
     session.warnOfStore(outcome);
-    if (!session.output.flush() && !outcome)
+    const bool isTold = outcome && !outcome->message.empty();
+    if (!session.output.flush() && !isTold)
         outcome = Failure::own("file", "the result could not be written to standard output; is the disk full?");
     if (!outcome) return 0;
     if (!outcome->message.empty()) session.output.fail(*outcome);

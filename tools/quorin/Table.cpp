@@ -19,6 +19,11 @@ void Table::row(std::initializer_list<std::string_view> cells) {
     for (const std::string_view cell : cells) row.push_back(withoutControls(cell));
 }
 
+void Table::row(std::span<const std::string> cells) {
+    auto& row = rows_.emplace_back();
+    for (const std::string& cell : cells) row.push_back(withoutControls(cell));
+}
+
 std::string Table::text() const {
     std::vector<std::size_t> widths;
     for (const auto& row : rows_) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,7 @@ public:
     explicit Table(std::size_t indent = 0) : indent_(indent) {}
 
     void row(std::initializer_list<std::string_view> cells);
+    void row(std::span<const std::string> cells);
 
     /// All rows, without control characters, each with a newline.
     std::string text() const;
