@@ -3,7 +3,7 @@
 #include "quorin/platform/json/UTF8.hpp"
 
 #include "Joined.hpp"
-#include "Nearest.hpp"
+#include "tools/document/Nearest.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -34,7 +34,7 @@ CLI::Option& numberOption(CLI::App& app, const std::string& name, Number& target
 
 std::string refusalOf(const std::string& given, const std::vector<std::string>& names) {
     const std::string all = joined(names, ", ");
-    const std::string near = nearest(given, {names.begin(), names.end()});
+    const std::string near = document::nearest(given, {names.begin(), names.end()});
     return "must be one of " + all + (near == all ? "" : "; near it: " + near);
 }
 

@@ -15,8 +15,10 @@ void addLoad(CLI::App& program, Action& chosen);
 void addShow(CLI::App& program, Action& chosen);
 void addRead(CLI::App& program, Action& chosen);
 void addEqual(CLI::App& program, Action& chosen);
+void addCheck(CLI::App& program, Action& chosen);
 void addDiff(CLI::App& program, Action& chosen);
 void addMatrix(CLI::App& program, Action& chosen);
+void addSchema(CLI::App& program, Action& chosen);
 void addBrand(CLI::App& program, Action& chosen);
 void addIdentity(CLI::App& program, Action& chosen);
 void addCookie(CLI::App& program, Action& chosen);
@@ -25,7 +27,6 @@ void addRequest(CLI::App& program, Action& chosen);
 void addEncode(CLI::App& program, Action& chosen);
 void addAppend(CLI::App& program, Action& chosen);
 void addUserAgent(CLI::App& program, Action& chosen);
-void addSchema(CLI::App& program, Action& chosen);
 void addCompletion(CLI::App& program, Action& chosen);
 
 /// Adds a command, with an example for its help, to `parent`.

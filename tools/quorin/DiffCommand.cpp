@@ -3,7 +3,6 @@
 #include "Source.hpp"
 #include "tools/document/ChangesFormat.hpp"
 
-#include <algorithm>
 #include <array>
 
 namespace quorin::tool {
@@ -20,16 +19,6 @@ struct Arguments {
     std::vector<std::string> brands{};
     std::string format = "text";
 };
-
-/// Each brand once, in their order; all where none is asked for.
-std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output) {
-    if (texts.empty()) return document::allBrands();
-    std::vector<Brand> brands;
-    for (const std::string& text : texts) brands.push_back(brandNamed(text, output));
-    std::sort(brands.begin(), brands.end());
-    brands.erase(std::unique(brands.begin(), brands.end()), brands.end());
-    return brands;
-}
 
 /// Prints what differs brand by brand, the same for several brands once; JSON is one value, and tells all of each.
 class Printer {

@@ -6,8 +6,8 @@
 
 #include "Joined.hpp"
 #include "ModelFile.hpp"
-#include "Nearest.hpp"
 #include "Pairs.hpp"
+#include "tools/document/Nearest.hpp"
 
 #include <utility>
 
@@ -45,7 +45,7 @@ std::variant<WebService, Failure> serviceNamed(const std::string& name, const Co
     if (services) {
         for (const auto& [known, service] : *services) names.push_back(known);
     }
-    const std::string near = nearest(name, names);
+    const std::string near = document::nearest(name, names);
     return Failure::own("noService", "the configuration has no service \"" + calledArgument(name) + "\"; "
                                          + (near.empty() ? "it has none at all" : "names near it: " + near));
 }

@@ -7,9 +7,11 @@
 #include "quorin/platform/skell/SkellError.hpp"
 
 #include "DocumentSource.hpp"
-#include "Nearest.hpp"
 #include "StandardInput.hpp"
+#include "tools/document/BrandViews.hpp"
+#include "tools/document/Nearest.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorin::tool {
@@ -40,8 +42,17 @@ Brand brandNamed(const std::string& text, Output& output) {
     const Brand brand = Brand::fromRaw(text);
     if (brand == Brand::unknown && text != brand.rawValue())
         output.warn("\"" + text + "\" names no brand and loads as unknown; spellings near it: "
-                    + nearest(text, Brand::spellings()));
+                    + document::nearest(text, Brand::spellings()));
     return brand;
+}
+
+std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output) {
+    if (texts.empty()) return document::allBrands();
+    std::vector<Brand> brands;
+    for (const std::string& text : texts) brands.push_back(brandNamed(text, output));
+    std::sort(brands.begin(), brands.end());
+    brands.erase(std::unique(brands.begin(), brands.end()), brands.end());
+    return brands;
 }
 
 CLI::Option& addSource(CLI::App& command, const std::string& argument, std::string& name) {

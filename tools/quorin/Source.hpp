@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace quorin::tool {
 
@@ -32,6 +33,9 @@ CLI::Option& addSource(CLI::App& command, const std::string& argument, std::stri
 
 /// The brand that a text names. One that names none is `unknown`, with a warning.
 Brand brandNamed(const std::string& text, Output& output);
+
+/// The brands that the texts name, each once and in their order; all where none is asked for.
+std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output);
 
 /// The path at which a file named on the command line is read.
 std::string pathOf(const std::string& name);

@@ -2,15 +2,14 @@
 
 #include "quorin/platform/foundation/RawValues.hpp"
 
-#include "Joined.hpp"
-
 #include <algorithm>
 #include <numeric>
 
-namespace quorin::tool {
+namespace quorin::document {
 namespace {
 
-/// How many letters must be added, taken away or exchanged to make one of the other, whatever their case.
+/// How many letters must be added, taken away or exchanged to make one of the
+/// other, whatever their case.
 std::size_t distance(std::string_view left, std::string_view right) {
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -28,14 +27,21 @@ std::size_t distance(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-std::string nearest(std::string_view text, const std::vector<std::string_view>& known) {
+std::vector<std::string_view> near(std::string_view text, const std::vector<std::string_view>& known) {
     constexpr std::size_t longest = 64;
     std::vector<std::string_view> near;
     for (const std::string_view candidate : known) {
         const std::size_t limit = candidate.size() <= 3 ? 1 : 2;
         if (text.size() <= longest && distance(text, candidate) <= limit) near.push_back(candidate);
     }
-    return joined(near.empty() ? known : near, ", ");
+    return near;
 }
 
-}  // namespace quorin::tool
+std::string nearest(std::string_view text, const std::vector<std::string_view>& known) {
+    const auto meant = near(text, known);
+    std::string line;
+    for (const std::string_view one : meant.empty() ? known : meant) (line += line.empty() ? "" : ", ") += one;
+    return line;
+}
+
+}  // namespace quorin::document

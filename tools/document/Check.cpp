@@ -1,0 +1,173 @@
+#include "Check.hpp"
+
+#include "quorin/platform/json/Pointer.hpp"
+#include "quorin/platform/json/Repeated.hpp"
+#include "quorin/services/ContentType.hpp"
+
+#include "BrandViews.hpp"
+#include "Endpoints.hpp"
+#include "Kinds.hpp"
+#include "KnownNames.hpp"
+#include "Nearest.hpp"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace quorin::document {
+namespace {
+
+constexpr std::string_view services = Configuration::Keys::webServices;
+
+/// The brand whose section the author of `name` may have meant.
+std::optional<Brand> brandMeant(std::string_view name) {
+    if (const Brand brand = Brand::fromRaw(name); brand != Brand::unknown) return brand;
+    constexpr std::size_t shortest = 4;  // of names that are told from others by one or two letters
+    const auto spellings = name.size() < shortest ? std::vector<std::string_view>() : near(name, Brand::spellings());
+    return spellings.empty() ? std::nullopt : std::optional(Brand::fromRaw(spellings.front()));
+}
+
+bool isBrandSection(const DocumentMap& document, std::string_view name) {
+    const auto value = document.find(name);
+    return value && value->kind() == json::Kind::object && Brand::fromRaw(name).rawValue() == name;
+}
+
+class Check {
+public:
+    Check(const DocumentMap& document, std::string_view text, std::span<const Brand> brands)
+        : document_(document), text_(text) {
+        for (const auto& group : alike(std::span(&document, 1), brands)) views_.push_back(viewOf(document, group));
+    }
+
+    Checked run() && {
+        for (const BrandView& view : views_) addRead(view);
+        addRepeated();
+        Checked checked{.omitted = omitted_};
+        for (auto& [key, diagnosis] : found_) checked.diagnoses.push_back(std::move(diagnosis));
+        locate(checked.diagnoses);
+        std::stable_sort(checked.diagnoses.begin(), checked.diagnoses.end(),
+                         [](const auto& left, const auto& right) { return placeOf(left) < placeOf(right); });
+        return checked;
+    }
+
+private:
+    static std::tuple<std::size_t, std::size_t> placeOf(const Diagnosis& diagnosis) {
+        const json::Position place = diagnosis.position.value_or(json::Position{});
+        return {place.line, place.column};
+    }
+
+    void add(Diagnosis diagnosis, const std::vector<Brand>& brands) {
+        const auto key = std::pair(diagnosis.pointer, diagnosis.kind.code);
+        auto& known = found_.try_emplace(key, std::move(diagnosis)).first->second.brands;
+        known.insert(known.end(), brands.begin(), brands.end());
+    }
+
+    void addRead(const BrandView& view) {
+        ReadReport report;
+        const Configuration configuration = view.configuration(&report);
+        report = view.section.reportOfDocument(std::move(report));
+        omitted_ += report.omitted;
+        for (const Finding& finding : report.findings) {
+            if (!isReadByOthers(view, finding)) add(refined(view, finding), view.brands);
+        }
+        if (configuration.webServices) addEndpoints(view, *configuration.webServices);
+    }
+
+    bool readsWhole(const BrandView& view) const { return view.section.name.empty(); }
+
+    /// A member of the root that these apps do not ask for may be a brand's, or
+    /// one of apps that read the whole document.
+    bool isReadByOthers(const BrandView& view, const Finding& finding) const {
+        const auto steps = json::stepsOf(finding.pointer);
+        if (finding.cost != Cost::notAsked || steps.size() != 1) return false;
+        if (readsWhole(view)) return isBrandSection(document_, steps.front());
+        return std::any_of(views_.begin(), views_.end(), [&](const BrandView& one) { return readsWhole(one); });
+    }
+
+    Diagnosis refined(const BrandView& view, const Finding& finding) const {
+        Diagnosis diagnosis{.kind = kindOf(finding),
+                            .pointer = finding.pointer,
+                            .expected = finding.expected,
+                            .found = finding.found,
+                            .cost = nameOf(finding.cost)};
+        if (finding.cost == Cost::notAsked) tellWhatWasMeant(view, diagnosis);
+        if (finding.expected == ContentType::shape && finding.cost == Cost::defaultUsed) diagnosis.kind = kind::noBody;
+        return diagnosis;
+    }
+
+    void tellWhatWasMeant(const BrandView& view, Diagnosis& diagnosis) const {
+        std::vector<std::string> steps = json::stepsOf(diagnosis.pointer);
+        const std::string name = steps.back();
+        steps.pop_back();
+        if (steps.empty() && diagnosis.found == "object") {
+            if (const auto brand = brandMeant(name)) {
+                diagnosis.kind = kind::noBrand;
+                diagnosis.meant = "\"" + std::string(brand->rawValue()) + "\"";
+                return;
+            }
+        }
+        const std::size_t above = !steps.empty() && steps.front() == view.section.name ? 1 : 0;
+        const auto known = namesKnownAt(Configuration::keyTable(), std::span(steps).subspan(above));
+        const auto meant = near(name, known);
+        if (meant.empty() || std::find(known.begin(), known.end(), name) != known.end()) return;
+        diagnosis.kind = kind::misspeltMember;
+        diagnosis.meant = "\"" + std::string(meant.front()) + "\"";
+    }
+
+    void addEndpoints(const BrandView& view, const MapOf<WebService>& endpoints) {
+        std::string above;
+        if (!readsWhole(view) && !view.section.takesServices) json::appendStep(above, view.section.name);
+        json::appendStep(above, services);
+        for (const auto& [name, endpoint] : endpoints) {
+            const URLFault fault = faultOf(endpoint.url);
+            if (!fault.kind) continue;
+            std::string pointer = above;
+            json::appendStep(pointer, name);
+            json::appendStep(pointer, WebService::Keys::url);
+            json::appendStep(pointer, WebService::Keys::value);
+            add({.kind = *fault.kind,
+                 .pointer = std::move(pointer),
+                 .expected = fault.expected,
+                 .found = fault.found,
+                 .cost = fault.cost},
+                view.brands);
+        }
+    }
+
+    void addRepeated() {
+        for (std::string& pointer : json::repeatedMembers(text_))
+            add({.kind = kind::repeatedMember,
+                 .pointer = std::move(pointer),
+                 .expected = "one member of this name",
+                 .found = "several",
+                 .cost = "all but the last are lost"},
+                {});
+    }
+
+    void locate(std::vector<Diagnosis>& diagnoses) const {
+        std::vector<std::string> pointers;
+        for (const Diagnosis& diagnosis : diagnoses) {
+            pointers.push_back(diagnosis.pointer);
+            pointers.push_back(diagnosis.pointer.substr(0, diagnosis.pointer.rfind('/')));
+        }
+        const auto positions = json::positionsOf(text_, pointers);
+        for (std::size_t i = 0; i < diagnoses.size(); ++i)
+            diagnoses[i].position = positions[2 * i] ? positions[2 * i] : positions[2 * i + 1];
+    }
+
+    const DocumentMap& document_;
+    std::string_view text_;
+    std::vector<BrandView> views_;
+    std::map<std::pair<std::string, std::string_view>, Diagnosis> found_;
+    std::size_t omitted_ = 0;
+};
+
+}  // namespace
+
+Checked check(const DocumentMap& document, std::string_view text, std::span<const Brand> brands) {
+    return Check(document, text, brands).run();
+}
+
+}  // namespace quorin::document

@@ -1,0 +1,81 @@
+#include "Command.hpp"
+#include "DocumentSource.hpp"
+#include "Source.hpp"
+#include "tools/document/CheckFormat.hpp"
+
+namespace quorin::tool {
+namespace {
+
+using document::CheckedSource;
+
+constexpr int found = 1;
+constexpr int trouble = 2;
+
+struct Arguments {
+    std::vector<std::string> sources{};
+    std::vector<std::string> brands{};
+    bool strict = false;
+    std::string format = "text";
+
+    Severity level() const { return strict ? Severity::note : Severity::warning; }
+};
+
+void print(const std::vector<CheckedSource>& sources, const Arguments& arguments, Output& output) {
+    if (arguments.format == "sarif") return output.json(document::sarif(sources));
+    if (arguments.format == "junit") return output.text(document::junit(sources, arguments.level()));
+    if (arguments.format == "text") {
+        for (const CheckedSource& source : sources)
+            for (const std::string& line : document::lines(source)) output.line(line);
+        return;
+    }
+    std::vector<json::Value> records;
+    for (const CheckedSource& source : sources)
+        for (json::Value& record : document::records(source)) records.push_back(std::move(record));
+    output.json(json::List(records));
+}
+
+bool isClean(const CheckedSource& source, Severity level) {
+    for (const Severity severity : {Severity::note, Severity::warning, Severity::error}) {
+        if (severity >= level && document::count(source.checked, severity) > 0) return false;
+    }
+    return source.checked.omitted == 0;
+}
+
+Outcome checkAll(const Arguments& arguments, Session& session) {
+    const auto brands = brandsAsked(arguments.brands, session.output);
+    std::vector<CheckedSource> sources;
+    bool clean = true;
+    for (const std::string& name : arguments.sources) {
+        auto read = documentAt(name, session);
+        if (auto* failure = std::get_if<Failure>(&read)) {
+            failure->status = trouble;
+            return *failure;
+        }
+        const auto& [text, map] = std::get<Document>(read);
+        sources.push_back({calledFile(name), document::check(map, text, brands)});
+        clean = clean && isClean(sources.back(), arguments.level());
+    }
+    print(sources, arguments, session.output);
+    if (clean) return {};
+    return Failure::own("notRead", "", found);
+}
+
+}  // namespace
+
+void addCheck(CLI::App& program, Action& chosen) {
+    CLI::App& made = command(program, "check", "Tell what in documents is most likely not meant",
+                             "quorin check config.json --strict");
+    const auto arguments = std::make_shared<Arguments>();
+    made.add_option("SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
+        ->type_name("SOURCE...")
+        ->required();
+    texts(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default").check(text());
+    flag(made, "--strict", arguments->strict, "Let notes fail the check too, and not only warnings and errors");
+    made.add_option("--format", arguments->format, "The form of the result: text (the default), json, sarif or junit")
+        ->type_name("FORM")
+        ->check(oneOf({"text", "json", "sarif", "junit"}));
+    made.callback(
+        [arguments, &chosen] { chosen = [arguments](Session& session) { return checkAll(*arguments, session); }; });
+}
+
+}  // namespace quorin::tool
