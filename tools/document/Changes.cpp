@@ -31,9 +31,13 @@ public:
     std::vector<Change> changes() && {
         walk(Configuration::keyTable(), nullptr, {&before_.node(), &after_.node()},
              [this](const Field& field) { return visit(field); });
-        std::stable_sort(changes_.begin(), changes_.end(),
-                         [](const Change& left, const Change& right) { return left.grade < right.grade; });
-        return std::move(changes_);
+        std::vector<Change> sorted;
+        for (const Grade grade : {Grade::breaks, Grade::behaviour, Grade::cosmetic}) {
+            for (Change& change : changes_) {
+                if (change.grade == grade) sorted.push_back(std::move(change));
+            }
+        }
+        return sorted;
     }
 
 private:

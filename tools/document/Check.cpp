@@ -34,6 +34,12 @@ bool isBrandSection(const DocumentMap& document, std::string_view name) {
     return value && value->kind() == json::Kind::object && Brand::fromRaw(name).rawValue() == name;
 }
 
+/// What two of them never have alike, by their places in the text.
+auto orderOf(const Diagnosis& one) {
+    const json::Position place = one.position.value_or(json::Position{});
+    return std::tuple(place.line, place.column, std::string_view(one.pointer), one.kind.code);
+}
+
 class Check {
 public:
     Check(const DocumentMap& document, std::string_view text, std::span<const Brand> brands)
@@ -47,17 +53,12 @@ public:
         Checked checked{.omitted = omitted_};
         for (auto& [key, diagnosis] : found_) checked.diagnoses.push_back(std::move(diagnosis));
         locate(checked.diagnoses);
-        std::stable_sort(checked.diagnoses.begin(), checked.diagnoses.end(),
-                         [](const auto& left, const auto& right) { return placeOf(left) < placeOf(right); });
+        std::sort(checked.diagnoses.begin(), checked.diagnoses.end(),
+                  [](const auto& left, const auto& right) { return orderOf(left) < orderOf(right); });
         return checked;
     }
 
 private:
-    static std::tuple<std::size_t, std::size_t> placeOf(const Diagnosis& diagnosis) {
-        const json::Position place = diagnosis.position.value_or(json::Position{});
-        return {place.line, place.column};
-    }
-
     void add(Diagnosis diagnosis, const std::vector<Brand>& brands) {
         const auto key = std::pair(diagnosis.pointer, diagnosis.kind.code);
         auto& known = found_.try_emplace(key, std::move(diagnosis)).first->second.brands;
