@@ -16,6 +16,7 @@ void addShow(CLI::App& program, Action& chosen);
 void addRead(CLI::App& program, Action& chosen);
 void addEqual(CLI::App& program, Action& chosen);
 void addCheck(CLI::App& program, Action& chosen);
+void addExplain(CLI::App& program, Action& chosen);
 void addDiff(CLI::App& program, Action& chosen);
 void addMatrix(CLI::App& program, Action& chosen);
 void addSchema(CLI::App& program, Action& chosen);

@@ -1,0 +1,114 @@
+"""`quorin explain`: why apps see a field as they do, and what a code means."""
+
+import json
+import re
+
+from program import ProgramTest
+
+DOCUMENT = {
+    "webservices": {"login": {"url": {"value": "https://root.example/{id}"}, "method": "POST"}},
+    "orvel": {"videoPlayer": {"ads": {"freeTime": 600, "timeout": "10"}},
+              "application": {"version": {"latest": "3"}},
+              "features": {"chat": {"limits": {"a b": 5}}},
+              "groups": [{"id": "kids", "title": "Kids"}],
+              "auth": {"preAuthChannels": ["a", 1]},
+              "webservices": {"own": {"url": {"value": "https://own.example"}, "method": "GET"}}},
+    "common": {"adChoices": "of the root"},
+}
+
+
+class Explain(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        (self.folder / "a.json").write_text(json.dumps(DOCUMENT, indent=1))
+
+    def explained(self, path, *arguments, status=0):
+        """The last line, and the steps with what stands there."""
+        run = self.quorin("explain", "a.json", path, *arguments)
+        self.assertEqual(run.status, status, run.errors)
+        lines = run.output.splitlines()
+        self.assertEqual(lines[0], path)
+        return lines[-1], [re.split(r"  +", line.strip()) for line in lines[2:-1]]
+
+    def test_a_value_has_a_chain_from_the_document(self):
+        last, chain = self.explained("videoPlayer.ads.freeTime", "--brand", "orvel")
+        self.assertEqual(last, "value: 600")
+        self.assertEqual([link[0] for link in chain], ["document", "section of orvel", "videoPlayer", "ads", "freeTime",
+                                                       "the caller's arguments"])
+        self.assertEqual(chain[4], ["freeTime", "/orvel/videoPlayer/ads/freeTime", "13:17", "600"])
+
+    def test_a_field_that_the_document_nests_is_found(self):
+        last, chain = self.explained("application.latest", "--brand", "orvel")
+        self.assertEqual((last, chain[-2][1]), ('value: "3"', "/orvel/application/version/latest"))
+
+    def test_an_endpoint_comes_from_the_root(self):
+        last, chain = self.explained("webservices.login.url", "--brand", "orvel")
+        self.assertEqual(last, 'value: "https://root.example/{id}"')
+        self.assertEqual(chain[2], ["web services of the document", "stand in place of the section's own"])
+        self.assertEqual(chain[-2][1], "/webservices/login/url/value")
+        self.assertEqual(chain[-1][-1], "fill the placeholders of each request")
+
+    def test_a_whole_endpoint_is_a_field(self):
+        last, _ = self.explained("webservices.login", "--brand", "orvel")
+        self.assertEqual(json.loads(last.removeprefix("value: "))["method"], "POST")
+
+    def test_services_of_the_section_are_not_there(self):
+        last, chain = self.explained("webservices.own", "--brand", "orvel", status=1)
+        self.assertEqual((last, chain[-2][-1]), ("absent: the document does not hold it", "nothing"))
+
+    def test_what_was_not_taken_is_the_reason(self):
+        last, chain = self.explained("videoPlayer.ads.timeout", "--brand", "orvel", status=1)
+        self.assertEqual(last, "absent: /orvel/videoPlayer/ads/timeout: expected integer, found value in quotes; field absent; "
+                               "write it without the quotes")
+        self.assertEqual(chain[-2][-1], '"10"')
+
+    def test_what_one_element_took_along_names_that_element(self):
+        last, _ = self.explained("auth.preAuthChannels", "--brand", "orvel", status=1)
+        self.assertIn("/orvel/auth/preAuthChannels/1: expected string, found number", last)
+
+    def test_a_brand_without_a_section_reads_the_whole_document(self):
+        last, chain = self.explained("common.adChoices", "--brand", "pellow")
+        self.assertEqual((last, chain[1]), ('value: "of the root"', ["no section of pellow", "the whole document is read"]))
+        self.assertEqual(self.explained("common.adChoices")[1][1][0], "no brand is asked for")
+
+    def test_members_of_a_feature_are_fields(self):
+        self.assertEqual(self.explained('features.chat.limits["a b"]', "--brand", "orvel")[0], "value: 5")
+
+    def test_elements_of_lists_are_fields(self):
+        self.assertEqual(self.explained("groups[0].title", "--brand", "orvel")[0], 'value: "Kids"')
+        self.explained("groups[1].title", "--brand", "orvel", status=1)
+        self.explained("groups[x].title", "--brand", "orvel", status=1)
+
+    def test_pointers_of_reports_are_taken(self):
+        self.assertEqual(self.explained("/orvel/application/version/latest", "--brand", "orvel")[0], 'value: "3"')
+        self.assertEqual(self.explained("/webservices/login/url/value", "--brand", "orvel")[0],
+                         'value: "https://root.example/{id}"')
+
+    def test_unknown_fields_are_wrong_use(self):
+        for path in ["videoPlayer.ads.freetime", "video", "brand", ".", "a..b", "groups[", 'features["a', "", "/", "//",
+                     "[]"]:
+            self.assertEqual(self.quorin("explain", "a.json", path).status, 2, path)
+        self.assertIn("near it: freeTime", self.quorin("explain", "a.json", "videoPlayer.ads.freetime").errors)
+
+    def test_a_missing_document_fails(self):
+        self.assertEqual(self.quorin("explain", "missing.json", "common").status, 1)
+
+    def test_a_code_is_explained(self):
+        text = self.done("explain", "value-in-quotes").output
+        self.assertTrue(text.startswith("## value-in-quotes\n"))
+        self.assertIn('{"auth": {"initTimeout": "30"}}', text)
+
+    def test_an_unknown_code_is_wrong_use(self):
+        run = self.quorin("explain", "value-in-quote")
+        self.assertEqual(run.status, 2)
+        self.assertIn("near it: value-in-quotes", run.errors)
+
+    def test_each_example_has_its_finding_and_each_cure_has_not(self):
+        pages = self.done("explain").output.split("\n## ")[1:]
+        self.assertGreaterEqual(len(pages), 16)
+        for page in pages:
+            code = page.splitlines()[0]
+            example, cure = re.findall(r"\n\n((?:    .*\n)+)", page)
+            for text, expected in [(example, True), (cure, False)]:
+                run = self.quorin("check", "-", "--strict", "--format", "json", given=text)
+                self.assertEqual(code in [one["code"] for one in run.json], expected, (code, text))

@@ -1,0 +1,94 @@
+#include "quorin/platform/json/Pointer.hpp"
+
+#include "Command.hpp"
+#include "DocumentSource.hpp"
+#include "Source.hpp"
+#include "Table.hpp"
+#include "tools/document/Explanation.hpp"
+#include "tools/document/KindPage.hpp"
+#include "tools/document/Nearest.hpp"
+#include "tools/document/Path.hpp"
+
+namespace quorin::tool {
+namespace {
+
+constexpr int wrongUse = 2;
+
+struct Arguments {
+    std::optional<std::string> subject{};
+    std::optional<std::string> path{};
+    std::optional<std::string> brand{};
+};
+
+Outcome explainCode(const std::string& code, Output& output) {
+    if (const auto* const kind = document::kindNamed(code)) return output.text(document::pageOf(*kind)), std::nullopt;
+    std::vector<std::string_view> codes;
+    for (const auto& kind : document::kinds()) codes.push_back(kind.finding.code);
+    return Failure::own("usage", "there is no finding \"" + code + "\"; near it: " + document::nearest(code, codes),
+                        wrongUse);
+}
+
+std::string placeOf(const document::Link& link) {
+    if (!link.position) return "";
+    return std::to_string(link.position->line) + ":" + std::to_string(link.position->column);
+}
+
+Outcome printed(const std::string& path, const document::Explanation& explanation, Output& output) {
+    output.line(path);
+    Table table(2);
+    table.row({"STEP", "POINTER", "LINE:COLUMN", "FOUND"});
+    for (const auto& link : explanation.chain) table.row({link.what, link.pointer, placeOf(link), link.found});
+    output.text(table.text());
+    if (explanation.value) return output.line("value: " + document::shown(*explanation.value)), std::nullopt;
+    output.line("absent: " + explanation.reason);
+    return Failure::own("noValue", "");
+}
+
+/// The field that the path means: one that reports tell, from the top of the document, or one in words.
+std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std::optional<Brand> brand) {
+    const bool isPointer = path.starts_with('/');
+    auto steps = isPointer ? std::optional(json::stepsOf(path)) : document::stepsOfPath(path);
+    if (isPointer && brand && steps->front() == brand->rawValue()) steps->erase(steps->begin());
+    std::vector<std::string_view> known;
+    if (steps) {
+        if (auto field = document::fieldAt(*steps, isPointer, known)) return *std::move(field);
+    }
+    const std::string last = steps && !steps->empty() ? steps->back() : path;
+    return Failure::own("usage",
+                        "no reader knows the field \"" + path + "\""
+                            + (known.empty() ? "" : "; near it: " + document::nearest(last, known)),
+                        wrongUse);
+}
+
+Outcome explain(const Arguments& arguments, Session& session) {
+    if (!arguments.subject) return session.output.text(document::pages()), std::nullopt;
+    if (!arguments.path) return explainCode(*arguments.subject, session.output);
+    const auto brand = arguments.brand ? std::optional(brandNamed(*arguments.brand, session.output)) : std::nullopt;
+    const auto field = fieldOf(*arguments.path, brand);
+    if (const auto* failure = std::get_if<Failure>(&field)) return *failure;
+    const auto read = documentAt(*arguments.subject, session);
+    if (const auto* failure = std::get_if<Failure>(&read)) return *failure;
+    const auto& [text, map] = std::get<Document>(read);
+    return printed(*arguments.path, document::explained(map, text, brand, std::get<document::FieldPath>(field)),
+                   session.output);
+}
+
+}  // namespace
+
+void addExplain(CLI::App& program, Action& chosen) {
+    CLI::App& made = command(program, "explain", "Tell why apps see a field as they do, or what a finding's code means",
+                             "quorin explain config.json videoPlayer.ads.freeTime --brand orvel");
+    const auto arguments = std::make_shared<Arguments>();
+    optionalText(made, "SUBJECT", arguments->subject,
+                 "A source, or the code of a finding; all codes where it is left out");
+    CLI::Option& path = optionalText(made, "PATH", arguments->path, "The field, as diff, matrix or check name it");
+    path.check(text());
+    optionalText(made, "--brand", arguments->brand, "The brand, in any accepted spelling")
+        .type_name("TEXT")
+        ->check(text())
+        ->needs(&path);
+    made.callback(
+        [arguments, &chosen] { chosen = [arguments](Session& session) { return explain(*arguments, session); }; });
+}
+
+}  // namespace quorin::tool
