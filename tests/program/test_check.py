@@ -2,6 +2,8 @@
 
 import copy
 import json
+import pathlib
+import re
 import unittest
 import xml.etree.ElementTree
 
@@ -236,6 +238,14 @@ class Check(ProgramTest):
         self.assertNotIn("\x1b", run.output)
         self.assertEqual(run.output.count("\n"), 2)
 
+    def test_the_hook_names_a_command_that_takes_files(self):
+        hooks = (pathlib.Path(__file__).resolve().parents[2] / ".pre-commit-hooks.yaml").read_text()
+        program, *words = re.search(r"^  entry: (.*)$", hooks, re.MULTILINE)[1].split()
+        self.assertEqual(program, self.program.name)
+        bad = self.document({"auth": {"sso": "true"}}, "bad.json")
+        self.assertEqual(self.quorin(*words, self.document({}), bad).status, 1)
+        self.assertEqual(self.quorin(*words, self.document({}), "a.json").status, 0)
+
     def test_sarif_has_what_its_standard_requires(self):
         name = self.document({"auth": {"sso": "true"}}, "a b.json")
         log = self.quorin("check", name, "--format", "sarif").json
@@ -259,7 +269,3 @@ class Check(ProgramTest):
                          [("clean.json", 1, 0), ("bad.json", 2, 2)])
         self.assertEqual({case.classname for case in suites[1]}, {"value-in-quotes", "unknown-member"})
         xml.etree.ElementTree.fromstring(run.output)
-
-
-if __name__ == "__main__":
-    unittest.main()
