@@ -51,10 +51,11 @@ class ProgramTest(unittest.TestCase):
         self.user = None  # who runs the program; None: who runs the tests
 
     def environment(self, **variables):
-        sanitizers = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
+        watchers = {name: value for name, value in os.environ.items()
+                    if name.endswith("SAN_OPTIONS") or name == "LLVM_PROFILE_FILE"}
         own = {"PATH": os.environ["PATH"], "HOME": str(self.folder), "LC_ALL": "C.UTF-8", "TZ": "UTC",
                "XDG_DATA_HOME": str(self.folder / "data")}
-        return {**sanitizers, **own, **variables}
+        return {**watchers, **own, **variables}
 
     def start(self, *arguments, variables=None, **streams):
         return subprocess.Popen([self.program, *arguments], cwd=self.folder, env=self.environment(**(variables or {})),

@@ -6,8 +6,8 @@
 
 #include "BrandViews.hpp"
 #include "Endpoints.hpp"
+#include "FieldPath.hpp"
 #include "Kinds.hpp"
-#include "KnownNames.hpp"
 #include "Nearest.hpp"
 
 #include <algorithm>
@@ -59,9 +59,9 @@ public:
     }
 
 private:
-    void add(Diagnosis diagnosis, const std::vector<Brand>& brands) {
+    void add(const Diagnosis& diagnosis, const std::vector<Brand>& brands) {
         const auto key = std::pair(diagnosis.pointer, diagnosis.kind.code);
-        auto& known = found_.try_emplace(key, std::move(diagnosis)).first->second.brands;
+        auto& known = found_.try_emplace(key, diagnosis).first->second.brands;
         known.insert(known.end(), brands.begin(), brands.end());
     }
 
@@ -101,20 +101,18 @@ private:
     void tellWhatWasMeant(const BrandView& view, Diagnosis& diagnosis) const {
         std::vector<std::string> steps = json::stepsOf(diagnosis.pointer);
         const std::string name = steps.back();
-        steps.pop_back();
-        if (steps.empty() && diagnosis.found == "object") {
-            if (const auto brand = brandMeant(name)) {
-                diagnosis.kind = kind::noBrand;
-                diagnosis.meant = "\"" + std::string(brand->rawValue()) + "\"";
-                return;
-            }
-        }
-        const std::size_t above = !steps.empty() && steps.front() == view.section.name ? 1 : 0;
-        const auto known = namesKnownAt(Configuration::keyTable(), std::span(steps).subspan(above));
+        const auto brand = steps.size() == 1 && diagnosis.found == "object" ? brandMeant(name) : std::nullopt;
+        if (brand) return tell(diagnosis, kind::noBrand, brand->rawValue());
+        if (steps.size() > 1 && steps.front() == view.section.name) steps.erase(steps.begin());
+        std::vector<std::string_view> known;
+        if (fieldAt(steps, true, known)) return;
         const auto meant = near(name, known);
-        if (meant.empty() || std::find(known.begin(), known.end(), name) != known.end()) return;
-        diagnosis.kind = kind::misspeltMember;
-        diagnosis.meant = "\"" + std::string(meant.front()) + "\"";
+        if (!meant.empty()) tell(diagnosis, kind::misspeltMember, meant.front());
+    }
+
+    static void tell(Diagnosis& diagnosis, const FindingKind& kind, std::string_view meant) {
+        diagnosis.kind = kind;
+        diagnosis.meant = "\"" + std::string(meant) + "\"";
     }
 
     void addEndpoints(const BrandView& view, const MapOf<WebService>& endpoints) {

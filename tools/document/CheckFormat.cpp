@@ -15,6 +15,7 @@ json::Position placeOf(const Diagnosis& diagnosis) { return diagnosis.position.v
 
 std::vector<Value> idsOf(const std::vector<Brand>& brands) {
     std::vector<Value> ids;
+    ids.reserve(brands.size());
     for (const Brand brand : brands) ids.emplace_back(brand.rawValue());
     return ids;
 }

@@ -108,6 +108,7 @@ private:
 
     void locate(std::string_view text) {
         std::vector<std::string> pointers;
+        pointers.reserve(made_.chain.size());
         for (const Link& link : made_.chain) pointers.push_back(link.pointer);
         const auto positions = json::positionsOf(text, pointers);
         for (std::size_t i = 0; i < made_.chain.size(); ++i) {

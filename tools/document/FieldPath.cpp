@@ -60,10 +60,20 @@ private:
         }
         const auto row = std::find_if(table.rows.begin(), table.rows.end(), [&](const Row& one) { return leads(one); });
         if (row != table.rows.end()) return take(*row);
-        for (const Row& one : table.rows) {
-            if (isKnown(one)) known_.push_back(nameOf(one, isInDocument_));
-        }
+        tellKnown(table);
         return false;
+    }
+
+    /// The names beside the step, or those beside the one below it where two lead to a field.
+    void tellKnown(const KeyTable& table) {
+        for (const Row& row : table.rows) {
+            const bool leadsInto = isInDocument_ && !row.outer.empty() && row.outer == steps_[at_];
+            if (leadsInto && at_ + 1 < steps_.size()) known_.push_back(row.inner);
+        }
+        if (!known_.empty()) return;
+        for (const Row& row : table.rows) {
+            if (isKnown(row)) known_.push_back(nameOf(row, isInDocument_));
+        }
     }
 
     bool leads(const Row& row) const {

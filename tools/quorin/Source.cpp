@@ -49,6 +49,7 @@ Brand brandNamed(const std::string& text, Output& output) {
 std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output) {
     if (texts.empty()) return document::allBrands();
     std::vector<Brand> brands;
+    brands.reserve(texts.size());
     for (const std::string& text : texts) brands.push_back(brandNamed(text, output));
     std::sort(brands.begin(), brands.end());
     brands.erase(std::unique(brands.begin(), brands.end()), brands.end());
