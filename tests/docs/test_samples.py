@@ -85,7 +85,8 @@ class Samples(unittest.TestCase):
         program = pathlib.Path(os.environ["QUORIN_PROGRAM"]).resolve()
         with tempfile.TemporaryDirectory() as folder:
             environment = {"PATH": f"{program.parent}:/usr/bin:/bin", "HOME": folder, "LC_ALL": "C.UTF-8",
-                           "QUORIN_STORE": f"{folder}/store.db"}
+                           "QUORIN_STORE": f"{folder}/store.db",
+                           "LLVM_PROFILE_FILE": os.environ.get("LLVM_PROFILE_FILE", f"{folder}/profile")}
             for block in commands:
                 for command, expected in runs(block.lines):
                     with self.subTest(block.where, command=command):
