@@ -55,27 +55,27 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
     AnyEvent last{};  ///< empty without replay
     AnyEvent end{};   ///< empty before the end
 
-    void send(AnyEvent event);
+    bool send(AnyEvent event);  ///< false where the memory of a handler ended
     Disposable subscribe(const AnyObserver& observer);
     void remove(Number number);
 
     void awaitTurn(Lock& lock);
-    void workOff(Lock& lock);
+    bool workOff(Lock& lock);
     bool drain(Lock& lock);
     Call nextCall();
     std::vector<Target>::iterator targetFrom(Number number);
 };
 
-void Broadcast::State::send(AnyEvent event) {
+bool Broadcast::State::send(AnyEvent event) {
     Lock lock(mutex);
     awaitTurn(lock);
-    if (end.content) return;
+    if (end.content) return true;
     if (!targets.empty()) queue.push_back({event, 0, nextNumber});
     if (event.isTerminal)
         end = std::move(event);
     else if (last.content)
         std::swap(last, event);
-    workOff(lock);
+    return workOff(lock);
 }
 
 Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
@@ -105,7 +105,7 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
         observer.send(first);
     } else if (first.content) {
         queue.push_back({first, number, number + 1});
-        workOff(lock);
+        if (!workOff(lock)) throw std::bad_alloc();
     }
     leaving.keep();
     return place;
@@ -132,17 +132,17 @@ void Broadcast::State::awaitTurn(Lock& lock) {
 }
 
 /// Leaves the queue to the thread that is delivering, if that is another one. A handler whose memory ends keeps nobody
-/// else from the event.
-void Broadcast::State::workOff(Lock& lock) {
+/// else from the event; false is yielded then.
+bool Broadcast::State::workOff(Lock& lock) {
     const auto self = std::this_thread::get_id();
     const bool isIdle = deliverer == std::thread::id();
-    if (!isIdle && deliverer != self) return;
+    if (!isIdle && deliverer != self) return true;
     deliverer = self;
     const bool areAllTold = drain(lock);
     if (isIdle) deliverer = std::thread::id();
     lock.unlock();
     if (isIdle) idle.notify_all();
-    if (!areAllTold) throw std::bad_alloc();
+    return areAllTold;
 }
 
 /// False where the memory of a handler ended.
@@ -178,11 +178,12 @@ Broadcast::Broadcast(AnyEvent initial) : Broadcast() { state_->last = std::move(
 
 void Broadcast::send(AnyEvent event) const {
     const auto state = state_;  // a handler may drop this broadcast
-    state->send(std::move(event));
+    if (!state->send(std::move(event))) throw std::bad_alloc();
 }
 
 void Broadcast::end(const AnyEvent& event) const noexcept {
-    hasMemoryFor([&] { send(event); });
+    const auto state = state_;
+    hasMemoryFor([&] { state->send(event); });
 }
 
 Disposable Broadcast::subscribe(const AnyObserver& observer) const {
