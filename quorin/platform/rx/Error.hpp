@@ -36,10 +36,7 @@ public:
         : value_(std::make_shared<const E>(std::move(error))), name_(E::errorName), describe_(&describeAs<E>) {}
 
     /// A `NoMemory`, which takes none.
-    static Error noMemory() {
-        static constexpr NoMemory error;
-        return Error(std::shared_ptr<const void>(std::shared_ptr<const void>(), &error), error);
-    }
+    static Error noMemory();
 
     /// The error as the type it was made from; null when it was made from another. Types are told apart by the text of
     /// their `errorName` and not by an address, which holds between shared libraries and without run-time types.
