@@ -63,7 +63,7 @@ public:
             membership->leave();
         };
         Rollback leaving(leave);
-        const Disposable handle(leave);
+        Disposable handle(leave);
         leaving.keep();
         return handle;
     }
