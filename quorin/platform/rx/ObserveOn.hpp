@@ -2,7 +2,9 @@
 
 #include "quorin/platform/rx/Observable.hpp"
 #include "quorin/platform/rx/Relay.hpp"
+#include "quorin/platform/rx/Rollback.hpp"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -22,8 +24,11 @@ Observable<T> observeOn(Observable<T> stream, Executor executor) {
     return Observable<T>([stream = std::move(stream), executor = std::move(executor)](const Observer<T>& observer) {
         const auto relay = std::make_shared<Relay>(observer.untyped());
         return stream.subscribeUntyped([relay, executor](const AnyEvent& event) {
-            relay->put(event.template kept<T>());
-            executor([relay] { relay->deliverOne(); });
+            std::function<void()> task = [relay] { relay->deliverOne(); };
+            const std::size_t number = relay->put(event.template kept<T>());
+            Rollback withoutTask([&] { relay->takeBack(number); });
+            executor(std::move(task));
+            withoutTask.keep();
         });
     });
 }

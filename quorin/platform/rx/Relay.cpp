@@ -7,9 +7,15 @@ namespace quorin::rx {
 
 Relay::Relay(AnyObserver observer) : observer_(std::move(observer)) {}
 
-void Relay::put(AnyEvent event) {
+std::size_t Relay::put(AnyEvent event) {
     const std::lock_guard lock(mutex_);
     events_.push_back(std::move(event));
+    return taken_ + events_.size();
+}
+
+void Relay::takeBack(std::size_t number) {
+    const std::lock_guard lock(mutex_);
+    if (!events_.empty() && number == taken_ + events_.size()) events_.pop_back();
 }
 
 void Relay::deliverOne() {
@@ -22,6 +28,7 @@ void Relay::deliverOne() {
     for (; due_ > 0 && !events_.empty(); --due_) {
         event = std::move(events_.front());
         events_.pop_front();
+        ++taken_;
         lock.unlock();
         isDelivered = observer_.trySend(event) && isDelivered;
         event = {};

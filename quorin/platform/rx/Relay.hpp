@@ -17,7 +17,11 @@ class Relay {
 public:
     explicit Relay(AnyObserver observer);
 
-    void put(AnyEvent event);
+    /// Yields the event's number.
+    std::size_t put(AnyEvent event);
+
+    /// Takes an event back that has no task, the last one that was put, unless it is delivered by now.
+    void takeBack(std::size_t number);
 
     /// Once for each event that was put. A `std::bad_alloc` where the memory of the handler ends.
     void deliverOne();
@@ -26,6 +30,7 @@ private:
     AnyObserver observer_;
     std::mutex mutex_;
     std::deque<AnyEvent> events_;
+    std::size_t taken_ = 0;  ///< events that have left the queue by delivery
     std::size_t due_ = 0;
     bool isDelivering_ = false;
 };

@@ -15,10 +15,11 @@ namespace quorin::rx {
 /// come and leave.
 template <class T>
 Observable<T> share(Observable<T> stream) {
-    const auto sharing = std::make_shared<Sharing>([stream = std::move(stream)](Sharing::Feed feed) {
+    const auto connect = [stream = std::move(stream)](Sharing::Feed feed) {
         return stream.subscribeUntyped(
             [feed = std::move(feed)](const AnyEvent& event) { feed(event.template kept<T>()); });
-    });
+    };
+    const auto sharing = std::make_shared<Sharing>(connect, AnyEvent::of(Event<T>::failed(Error::noMemory())));
     return Observable<T>([sharing](const Observer<T>& observer) { return sharing->subscribe(observer.untyped()); });
 }
 

@@ -75,13 +75,18 @@ struct Sharing::Entrance {
     bool isFirst = false;
 };
 
-Sharing::Sharing(std::function<Disposable(Feed)> connect) : connect_(std::move(connect)) {}
+Sharing::Sharing(std::function<Disposable(Feed)> connect, AnyEvent lost)
+    : connect_(std::move(connect)), lost_(std::move(lost)) {}
 
 Disposable Sharing::subscribe(const AnyObserver& observer) {
     const Entrance entrance = enter(observer);
     if (entrance.isFirst) {
         const auto connection = entrance.connection;
-        Rollback leaving([&entrance] { entrance.place.dispose(); });
+        Rollback leaving([&] {
+            entrance.place.dispose();
+            connection->membership->close();
+            connection->broadcast.end(lost_);
+        });
         connection->membership->upstream.put(connect_([connection](AnyEvent event) {
             if (event.isTerminal) connection->membership->close();
             connection->broadcast.send(std::move(event));

@@ -16,8 +16,9 @@ public:
     /// Where the upstream's events go.
     using Feed = std::function<void(AnyEvent)>;
 
-    /// `connect` subscribes the feed upstream.
-    explicit Sharing(std::function<Disposable(Feed)> connect);
+    /// `connect` subscribes the feed upstream. Where its memory ends, those who have come meanwhile get `lost`, which
+    /// can be kept.
+    Sharing(std::function<Disposable(Feed)> connect, AnyEvent lost);
 
     /// The first subscriber connects; the handle of the last one to leave disconnects.
     Disposable subscribe(const AnyObserver& observer);
@@ -29,6 +30,7 @@ private:
     Entrance enter(const AnyObserver& observer);
 
     const std::function<Disposable(Feed)> connect_;
+    const AnyEvent lost_;
     std::mutex mutex_;
     std::shared_ptr<Connection> current_;
 };

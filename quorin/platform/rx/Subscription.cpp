@@ -11,8 +11,9 @@ Subscription::Subscription(Handler handler) : handler_(std::make_shared<const Ha
 
 bool Subscription::deliver(const AnyEvent& event) noexcept {
     const HandlerScope scope;
-    const SharedHandler handler = event.isTerminal ? takeHandler() : currentHandler();
+    SharedHandler handler = event.isTerminal ? takeHandler() : currentHandler();
     const bool isDelivered = !handler || hasMemoryFor([&] { (*handler)(event); });
+    handler.reset();
     if (event.isTerminal) upstream_->dispose();
     return isDelivered;
 }
