@@ -3,6 +3,7 @@
 #include "quorin/platform/json/Value.hpp"
 
 #include "Check.hpp"
+#include "MatrixFormat.hpp"
 
 #include <span>
 #include <string>
@@ -29,7 +30,7 @@ json::DocumentMap sarif(std::span<const CheckedSource> sources);
 /// A report of test suites as continuous integration reads them: a suite a
 /// source, a failing case a diagnosis of at least `level`, and a passing case
 /// for a source that has none.
-std::string junit(std::span<const CheckedSource> sources, Severity level);
+void junitLines(std::span<const CheckedSource> sources, Severity level, const LineTaker& take);
 
 /// How many of the diagnoses are of this severity.
 std::size_t count(const Checked& checked, Severity severity);

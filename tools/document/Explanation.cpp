@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <system_error>
 
 namespace quorin::document {
 namespace {
@@ -16,7 +17,8 @@ constexpr std::size_t longestShown = 60;
 std::optional<json::Value> elementAt(const json::List& list, std::string_view step) {
     std::size_t index = 0;
     const auto read = std::from_chars(step.data(), step.data() + step.size(), index);
-    if (read.ptr != step.data() + step.size() || step.empty() || index >= list.size()) return std::nullopt;
+    const bool isIndex = read.ec == std::errc() && read.ptr == step.data() + step.size();
+    if (!isIndex || index >= list.size()) return std::nullopt;
     return list[index];
 }
 
@@ -38,6 +40,28 @@ bool isBelow(std::string_view pointer, std::string_view above) {
     return pointer.starts_with(above) && (pointer.size() == above.size() || pointer[above.size()] == '/');
 }
 
+/// What stands there, in a few words.
+std::string inWords(const json::Value& value) {
+    if (const auto map = value.asObject()) return "object of " + std::to_string(map->size());
+    if (const auto list = value.asList()) return "list of " + std::to_string(list->size());
+    const auto text = value.asString();
+    return text ? shown(json::Value(beginning(*text, longestShown))) : shown(value);
+}
+
+bool isLoss(const Finding& finding) { return finding.cost != Cost::notAsked && finding.cost != Cost::overridden; }
+
+/// The pointer to all that a finding took along, in a document in which sections stand below `base`.
+std::string lostWith(const Finding& finding, std::string_view base) {
+    const std::string& pointer = finding.pointer;
+    switch (finding.cost) {
+        case Cost::listDropped:
+        case Cost::mapDropped: return pointer.substr(0, pointer.rfind('/'));
+        case Cost::elementDropped:
+        case Cost::entryDropped: return pointer.substr(0, pointer.find('/', pointer.find('/', base.size() + 1) + 1));
+        default: return pointer;
+    }
+}
+
 class Explaining {
 public:
     Explaining(const DocumentMap& document, std::optional<Brand> brand, const FieldPath& field)
@@ -45,16 +69,46 @@ public:
 
     Explanation run(std::string_view text) && {
         ReadReport report;
-        made_.value = valueAt(view_.configuration(&report).encode(), field_.archived);
+        const DocumentMap values = view_.configuration(&report).encode();
+        report_ = view_.section.reportOfDocument(std::move(report));
         addSection();
+        alignElements();
         const std::string pointer = addSteps();
         addCaller();
-        if (!made_.value) made_.reason = reasonAt(pointer, view_.section.reportOfDocument(std::move(report)));
+        if (!field_.archived.empty()) made_.value = valueAt(values, field_.archived);
+        made_.reason = reasonAt(pointer);
         locate(text);
         return std::move(made_);
     }
 
 private:
+    /// Elements that were dropped are missing in the archived form: those behind them stand elsewhere in it.
+    void alignElements() {
+        auto& inDocument = field_.inDocument;
+        if (inDocument.size() < 2 || field_.archived.size() < 2 || inDocument[0] != Configuration::Keys::groups) return;
+        std::string list = above_;
+        json::appendStep(list, inDocument[0]);
+        const auto isDropped = [&](std::size_t index) {
+            const std::string element = list + "/" + std::to_string(index);
+            const auto takes = [&](const Finding& one) {
+                return one.cost == Cost::elementDropped && lostWith(one, above_) == element;
+            };
+            return std::any_of(report_.findings.begin(), report_.findings.end(), takes);
+        };
+        const auto all = view_.section.map.find(inDocument[0]);
+        const std::size_t size = all && all->asList() ? all->asList()->size() : 0;
+        for (std::size_t index = 0, kept = 0; index < size; ++index) {
+            const bool dropped = isDropped(index);
+            const std::string& given = field_.isByDocument ? inDocument[1] : field_.archived[1];
+            if (given == std::to_string(field_.isByDocument ? index : kept) && !(dropped && !field_.isByDocument)) {
+                field_.archived[1] = dropped ? "dropped" : std::to_string(kept);
+                inDocument[1] = std::to_string(index);
+                return;
+            }
+            if (!dropped) ++kept;
+        }
+    }
+
     bool asksForServices() const { return field_.inDocument.front() == Configuration::Keys::webServices; }
 
     void addSection() {
@@ -80,30 +134,36 @@ private:
             json::appendStep(pointer, step);
             if (value) {
                 value = below(*value, step);
-                made_.chain.push_back({.what = step,
-                                       .pointer = pointer,
-                                       .found = value ? shownShortly(*value, longestShown) : "nothing"});
+                made_.chain.push_back(
+                    {.what = step, .pointer = pointer, .found = value ? document::inWords(*value) : "nothing"});
             }
         }
         return pointer;
     }
 
     void addCaller() {
-        const bool isTemplate = asksForServices() && field_.archived.back() == WebService::Keys::url;
+        const bool isTemplate =
+            asksForServices() && !field_.archived.empty() && field_.archived.back() == WebService::Keys::url;
         made_.chain.push_back({.what = "the caller's arguments",
                                .found = isTemplate ? "fill the placeholders of each request" : "change nothing here"});
     }
 
-    /// What the reader did not take at the field, above it, or below it where that took the field along.
-    static std::string reasonAt(std::string_view pointer, const ReadReport& report) {
-        for (const Finding& finding : report.findings) {
-            const bool lost = finding.cost != Cost::notAsked && finding.cost != Cost::overridden;
-            if (!lost || !(isBelow(pointer, finding.pointer) || isBelow(finding.pointer, pointer))) continue;
-            return finding.pointer + ": expected " + std::string(finding.expected) + ", found "
-                   + std::string(finding.found) + "; " + std::string(nameOf(finding.cost)) + "; "
-                   + std::string(kindOf(finding).hint);
+    /// What took the field along, or what took its place.
+    std::string reasonAt(std::string_view pointer) const {
+        for (const Finding& finding : report_.findings) {
+            if (!isLoss(finding)) continue;
+            if (made_.value && finding.cost != Cost::defaultUsed) continue;
+            if (isBelow(pointer, lostWith(finding, above_)) || isBelow(finding.pointer, pointer))
+                return inWords(finding);
         }
-        return "the document does not hold it";
+        const bool isThere = made_.chain[made_.chain.size() - 2].found != "nothing";
+        if (made_.value) return isThere ? "" : "the document does not hold it, and this is the default";
+        return isThere ? "no reader asks for it" : "the document does not hold it";
+    }
+
+    static std::string inWords(const Finding& finding) {
+        return finding.pointer + ": expected " + std::string(finding.expected) + ", found " + std::string(finding.found)
+               + "; " + std::string(nameOf(finding.cost)) + "; " + std::string(kindOf(finding).hint);
     }
 
     void locate(std::string_view text) {
@@ -118,8 +178,9 @@ private:
     }
 
     const std::optional<Brand> brand_;
-    const FieldPath& field_;
+    FieldPath field_;
     const BrandView view_;
+    ReadReport report_{};
     std::string above_{};
     Explanation made_{};
 };

@@ -23,8 +23,8 @@ struct Link {
 /// Why apps see a field as they do.
 struct Explanation {
     std::optional<json::Value> value{};  ///< as the reader yields it
-    std::string reason{};                ///< why there is none
-    std::vector<Link> chain{};           ///< from the document to the caller, up to what is not there
+    std::string reason{};       ///< why there is none, or why it is a default; empty where the document gives it
+    std::vector<Link> chain{};  ///< from the document to the caller, up to what is not there
 };
 
 /// What the apps of a brand, or those without one, see of the field in a document, which was parsed from `text`.

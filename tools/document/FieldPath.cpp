@@ -47,10 +47,13 @@ public:
     Walk(const std::vector<std::string>& steps, bool isInDocument, std::vector<std::string_view>& known)
         : steps_(steps), isInDocument_(isInDocument), known_(known) {}
 
-    std::optional<FieldPath> from(const KeyTable& table) && {
+    std::optional<FieldPath> from(const KeyTable& table) {
         if (steps_.empty() || !goesThrough(table)) return std::nullopt;
+        path_.isByDocument = isInDocument_;
         return std::move(path_);
     }
+
+    std::size_t reached() const { return std::min(at_, steps_.size() - 1); }
 
 private:
     bool goesThrough(const KeyTable& table) {
@@ -78,7 +81,7 @@ private:
 
     bool leads(const Row& row) const {
         if (!isKnown(row) || nameOf(row, isInDocument_) != steps_[at_]) return false;
-        return !isInDocument_ || row.outer.empty() || (at_ + 1 < steps_.size() && steps_[at_ + 1] == row.inner);
+        return !isInDocument_ || row.outer.empty() || at_ + 1 == steps_.size() || steps_[at_ + 1] == row.inner;
     }
 
     /// The members of a feature, which no table knows.
@@ -92,8 +95,9 @@ private:
     bool take(const Row& row) {
         path_.archived.emplace_back(row.key);
         if (!row.outer.empty()) path_.inDocument.emplace_back(row.outer);
-        path_.inDocument.emplace_back(row.outer.empty() ? row.key : row.inner);
-        at_ += isInDocument_ && !row.outer.empty() ? 2 : 1;
+        const bool isOuterAlone = isInDocument_ && !row.outer.empty() && at_ + 1 == steps_.size();
+        if (!isOuterAlone) path_.inDocument.emplace_back(row.outer.empty() ? row.key : row.inner);
+        at_ += isInDocument_ && !row.outer.empty() && !isOuterAlone ? 2 : 1;
         const bool holdsMany = row.holds->section && row.holds->shape != table::Conversion<DocumentMap>::shape;
         if (!row.holds->section || (holdsMany && at_ == steps_.size())) return takeRest();
         if (holdsMany) {
@@ -141,8 +145,11 @@ std::optional<std::vector<std::string>> stepsOfPath(std::string_view text) {
 }
 
 std::optional<FieldPath> fieldAt(const std::vector<std::string>& steps, bool isInDocument,
-                                 std::vector<std::string_view>& known) {
-    return Walk(steps, isInDocument, known).from(Configuration::keyTable());
+                                 std::vector<std::string_view>& known, std::size_t* unknown) {
+    Walk walk(steps, isInDocument, known);
+    auto path = walk.from(Configuration::keyTable());
+    if (!path && unknown) *unknown = steps.empty() ? 0 : walk.reached();
+    return path;
 }
 
 }  // namespace quorin::document

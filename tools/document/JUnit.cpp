@@ -2,47 +2,53 @@
 #include "HTML.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
 
 namespace quorin::document {
 namespace {
 
-/// `text` so that it stands for itself in an attribute: what no XML text may
-/// hold (XML 1.0, section 2.2) becomes "?".
-std::string quoted(std::string_view text) {
-    std::string plain(text);
-    std::replace_if(
-        plain.begin(), plain.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; }, '?');
-    return "\"" + escapedHTML(plain) + "\"";
-}
-
-std::string testCase(const std::string& source, const Diagnosis& one) {
-    const json::Position place = one.position.value_or(json::Position{});
-    const std::string at = source + ":" + std::to_string(place.line) + ":" + std::to_string(place.column);
-    return "    <testcase classname=" + quoted(one.kind.code) + " name=" + quoted(one.pointer)
-           + " file=" + quoted(source) + " line=\"" + std::to_string(place.line)
-           + "\">\n      <failure type=" + quoted(nameOf(one.kind.severity))
-           + " message=" + quoted(at + ": " + one.words() + "; " + one.hint()) + "/>\n    </testcase>\n";
-}
-
-std::string suite(const CheckedSource& source, Severity level) {
-    std::string cases;
-    std::size_t failures = 0;
-    for (const Diagnosis& one : source.checked.diagnoses) {
-        if (one.kind.severity < level) continue;
-        cases += testCase(source.name, one);
-        ++failures;
+/// The two characters that a line may hold and no XML text (XML 1.0, section 2.2) become a replacement character, as
+/// all that is no text does.
+std::string quoted(std::string text) {
+    for (const std::string_view none : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"}) {
+        for (auto at = text.find(none); at != text.npos; at = text.find(none, at))
+            text.replace(at, none.size(), "\xEF\xBF\xBD");
     }
-    if (failures == 0) cases = "    <testcase classname=\"quorin\" name=\"check\"/>\n";
-    return "  <testsuite name=" + quoted(source.name) + " tests=\"" + std::to_string(std::max<std::size_t>(failures, 1))
-           + "\" failures=\"" + std::to_string(failures) + "\">\n" + cases + "  </testsuite>\n";
+    return "\"" + escapedHTML(text) + "\"";
+}
+
+void takeCase(const std::string& source, const Diagnosis& one, const LineTaker& take) {
+    const json::Position place = one.position.value_or(json::Position{});
+    const std::string line = std::to_string(place.line);
+    const std::string at = source + ":" + line + ":" + std::to_string(place.column);
+    take("    <testcase classname=" + quoted(std::string(one.kind.code)) + " name=" + quoted(one.pointer)
+         + " file=" + quoted(source) + " line=\"" + line + "\">");
+    take("      <failure type=" + quoted(std::string(nameOf(one.kind.severity)))
+         + " message=" + quoted(at + ": " + one.words() + "; " + one.hint()) + "/>");
+    take("    </testcase>");
+}
+
+void takeSuite(const CheckedSource& source, Severity level, const LineTaker& take) {
+    const auto counts = [&](const Diagnosis& one) { return one.kind.severity >= level; };
+    const auto& all = source.checked.diagnoses;
+    const auto failures = std::count_if(all.begin(), all.end(), counts);
+    take("  <testsuite name=" + quoted(source.name) + " tests=\""
+         + std::to_string(std::max<std::ptrdiff_t>(failures, 1)) + "\" failures=\"" + std::to_string(failures) + "\">");
+    for (const Diagnosis& one : all) {
+        if (counts(one)) takeCase(source.name, one, take);
+    }
+    if (failures == 0) take("    <testcase classname=\"quorin\" name=\"check\"/>");
+    take("  </testsuite>");
 }
 
 }  // namespace
 
-std::string junit(std::span<const CheckedSource> sources, Severity level) {
-    std::string suites;
-    for (const CheckedSource& source : sources) suites += suite(source, level);
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n" + suites + "</testsuites>\n";
+void junitLines(std::span<const CheckedSource> sources, Severity level, const LineTaker& take) {
+    take("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+    take("<testsuites>");
+    for (const CheckedSource& source : sources) takeSuite(source, level, take);
+    take("</testsuites>");
 }
 
 }  // namespace quorin::document

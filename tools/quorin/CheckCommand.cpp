@@ -22,7 +22,8 @@ struct Arguments {
 
 void print(const std::vector<CheckedSource>& sources, const Arguments& arguments, Output& output) {
     if (arguments.format == "sarif") return output.json(document::sarif(sources));
-    if (arguments.format == "junit") return output.text(document::junit(sources, arguments.level()));
+    if (arguments.format == "junit")
+        return document::junitLines(sources, arguments.level(), [&](const std::string& line) { output.line(line); });
     if (arguments.format == "text") {
         for (const CheckedSource& source : sources)
             for (const std::string& line : document::lines(source)) output.line(line);
@@ -66,10 +67,10 @@ void addCheck(CLI::App& program, Action& chosen) {
     CLI::App& made = command(program, "check", "Tell what in documents is most likely not meant",
                              "quorin check config.json --strict");
     const auto arguments = std::make_shared<Arguments>();
-    made.add_option("SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
-        ->type_name("SOURCE...")
+    texts(made, "SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
+        .type_name("SOURCE")
         ->required();
-    texts(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default").check(text());
+    repeatedText(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default");
     flag(made, "--strict", arguments->strict, "Let notes fail the check too, and not only warnings and errors");
     made.add_option("--format", arguments->format, "The form of the result: text (the default), json, sarif or junit")
         ->type_name("FORM")

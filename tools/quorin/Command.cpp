@@ -56,6 +56,14 @@ CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<
         name, [&target](const std::string& given) { target = given; }, meaning);
 }
 
+CLI::Option& repeatedText(CLI::App& app, const std::string& name, std::vector<std::string>& target,
+                          const std::string& meaning) {
+    const auto take = [&target](const std::string& given) { target.push_back(given); };
+    CLI::Option& option = *app.add_option_function<std::string>(name, take, meaning);
+    option.multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->trigger_on_parse();
+    return *option.type_name("TEXT")->check(text());
+}
+
 CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
                    const std::string& meaning) {
     // Without extra arguments, because the parser takes "[a,b]" apart where they are allowed; so it must wait for many,

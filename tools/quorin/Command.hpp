@@ -44,6 +44,10 @@ CLI::Option& optionalText(CLI::App& app, const std::string& name, std::optional<
 CLI::Option& texts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
                    const std::string& meaning);
 
+/// An option that takes one text each time it is given.
+CLI::Option& repeatedText(CLI::App& app, const std::string& name, std::vector<std::string>& target,
+                          const std::string& meaning);
+
 /// An option that is on or off.
 CLI::Option& flag(CLI::App& app, const std::string& name, bool& target, const std::string& meaning);
 

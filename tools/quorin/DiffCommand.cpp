@@ -86,7 +86,7 @@ void addDiff(CLI::App& program, Action& chosen) {
     const auto arguments = std::make_shared<Arguments>();
     addSource(made, "OLD", arguments->before).required();
     addSource(made, "NEW", arguments->after).required();
-    texts(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default").check(text());
+    repeatedText(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default");
     made.add_option("--format", arguments->format, "The form of the result: text (the default), json or markdown")
         ->type_name("FORM")
         ->check(oneOf({"text", "json", "markdown"}));

@@ -2,6 +2,7 @@
 
 #include "Command.hpp"
 #include "DocumentSource.hpp"
+#include "Joined.hpp"
 #include "Source.hpp"
 #include "Table.hpp"
 #include "tools/document/Explanation.hpp"
@@ -24,7 +25,11 @@ Outcome explainCode(const std::string& code, Output& output) {
     if (const auto* const kind = document::kindNamed(code)) return output.text(document::pageOf(*kind)), std::nullopt;
     std::vector<std::string_view> codes;
     for (const auto& kind : document::kinds()) codes.push_back(kind.finding.code);
-    return Failure::own("usage", "there is no finding \"" + code + "\"; near it: " + document::nearest(code, codes),
+    const auto near = document::near(code, codes);
+    return Failure::own("usage",
+                        "there is no finding \"" + calledArgument(code) + "\""
+                            + (near.empty() ? "; to explain a field, name its PATH behind the source"
+                                            : "; near it: " + joined(near, ", ")),
                         wrongUse);
 }
 
@@ -39,31 +44,45 @@ Outcome printed(const std::string& path, const document::Explanation& explanatio
     table.row({"STEP", "POINTER", "LINE:COLUMN", "FOUND"});
     for (const auto& link : explanation.chain) table.row({link.what, link.pointer, placeOf(link), link.found});
     output.text(table.text());
+    if (!explanation.value) output.line("absent: " + explanation.reason);
+    if (explanation.value && !explanation.reason.empty()) output.line("default: " + explanation.reason);
     if (explanation.value) return output.line("value: " + document::shown(*explanation.value)), std::nullopt;
-    output.line("absent: " + explanation.reason);
     return Failure::own("noValue", "");
 }
 
-/// The field that the path means: one that reports tell, from the top of the document, or one in words.
-std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std::optional<Brand> brand) {
-    const bool isPointer = path.starts_with('/');
-    auto steps = isPointer ? std::optional(json::stepsOf(path)) : document::stepsOfPath(path);
-    if (isPointer && brand && steps->front() == brand->rawValue()) steps->erase(steps->begin());
-    std::vector<std::string_view> known;
-    if (steps) {
-        if (auto field = document::fieldAt(*steps, isPointer, known)) return *std::move(field);
+/// The field at a pointer, as reports tell it from the top of the document, which also says whose section it is in.
+document::FieldPath fieldAtPointer(const std::string& pointer, std::optional<Brand>& brand) {
+    std::vector<std::string> steps = json::stepsOf(pointer);
+    if (const Brand named = Brand::fromRaw(steps.front()); named.rawValue() == steps.front()) {
+        brand = named;
+        steps.erase(steps.begin());
+    } else if (steps.front() != Configuration::Keys::webServices) {
+        brand.reset();
     }
-    const std::string last = steps && !steps->empty() ? steps->back() : path;
-    return Failure::own("usage",
-                        "no reader knows the field \"" + path + "\""
-                            + (known.empty() ? "" : "; near it: " + document::nearest(last, known)),
-                        wrongUse);
+    std::vector<std::string_view> known;
+    auto field = document::fieldAt(steps, true, known);
+    return field ? *std::move(field) : document::FieldPath{.archived = {}, .inDocument = steps, .isByDocument = true};
+}
+
+std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std::optional<Brand>& brand) {
+    if (path.starts_with('/')) return fieldAtPointer(path, brand);
+    std::vector<std::string_view> known;
+    std::size_t unknown = 0;
+    const auto steps = document::stepsOfPath(path);
+    if (steps) {
+        if (auto field = document::fieldAt(*steps, false, known, &unknown)) return *std::move(field);
+    }
+    const auto near = steps && !steps->empty() ? document::near((*steps)[unknown], known) : known;
+    return Failure::own(
+        "usage",
+        "no reader knows the field \"" + path + "\"" + (near.empty() ? "" : "; near it: " + joined(near, ", ")),
+        wrongUse);
 }
 
 Outcome explain(const Arguments& arguments, Session& session) {
     if (!arguments.subject) return session.output.text(document::pages()), std::nullopt;
     if (!arguments.path) return explainCode(*arguments.subject, session.output);
-    const auto brand = arguments.brand ? std::optional(brandNamed(*arguments.brand, session.output)) : std::nullopt;
+    auto brand = arguments.brand ? std::optional(brandNamed(*arguments.brand, session.output)) : std::nullopt;
     const auto field = fieldOf(*arguments.path, brand);
     if (const auto* failure = std::get_if<Failure>(&field)) return *failure;
     const auto read = documentAt(*arguments.subject, session);

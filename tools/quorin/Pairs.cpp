@@ -29,10 +29,7 @@ json::DocumentMap documentOf(const StringMap& headers) {
 
 CLI::Option& pairOption(CLI::App& app, const std::string& name, std::vector<std::string>& target,
                         const std::string& meaning) {
-    const auto take = [&target](const std::string& given) { target.push_back(given); };
-    CLI::Option& option = *app.add_option_function<std::string>(name, take, meaning);
-    option.multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->trigger_on_parse();
-    return *option.type_name("KEY=VALUE")->check(text())->check(pair());
+    return *repeatedText(app, name, target, meaning).type_name("KEY=VALUE")->check(pair());
 }
 
 }  // namespace quorin::tool
