@@ -1,5 +1,6 @@
 #include "Check.hpp"
 
+#include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/json/Pointer.hpp"
 #include "quorin/platform/json/Repeated.hpp"
 #include "quorin/services/ContentType.hpp"
@@ -9,6 +10,7 @@
 #include "FieldPath.hpp"
 #include "Kinds.hpp"
 #include "Nearest.hpp"
+#include "ValueAt.hpp"
 
 #include <algorithm>
 #include <map>
@@ -23,16 +25,16 @@ constexpr std::string_view services = Configuration::Keys::webServices;
 
 /// The brand whose section the author of `name` may have meant.
 std::optional<Brand> brandMeant(std::string_view name) {
-    if (const Brand brand = Brand::fromRaw(name); brand != Brand::unknown) return brand;
-    constexpr std::size_t shortest = 4;  // of names that are told from others by one or two letters
-    const auto spellings = name.size() < shortest ? std::vector<std::string_view>() : near(name, Brand::spellings());
-    return spellings.empty() ? std::nullopt : std::optional(Brand::fromRaw(spellings.front()));
+    const auto spellings = Brand::spellings();
+    const auto same = [&](std::string_view spelling) { return rawvalues::sameFolded(spelling, name); };
+    const auto spelt = std::find_if(spellings.begin(), spellings.end(), same);
+    if (spelt != spellings.end()) return Brand::fromRaw(*spelt);
+    constexpr std::size_t shortest = 5;  // of names that are told from others by one or two letters
+    const auto meant = name.size() < shortest ? std::vector<std::string_view>() : near(name, spellings);
+    return meant.empty() ? std::nullopt : std::optional(Brand::fromRaw(meant.front()));
 }
 
-bool isBrandSection(const DocumentMap& document, std::string_view name) {
-    const auto value = document.find(name);
-    return value && value->kind() == json::Kind::object && Brand::fromRaw(name).rawValue() == name;
-}
+bool isBrand(std::string_view name) { return Brand::fromRaw(name).rawValue() == name; }
 
 /// What two of them never have alike, by their places in the text.
 auto orderOf(const Diagnosis& one) {
@@ -50,8 +52,10 @@ public:
     Checked run() && {
         for (const BrandView& view : views_) addRead(view);
         addRepeated();
-        Checked checked{.omitted = omitted_};
+        addLostSections();
+        Checked checked;
         for (auto& [key, diagnosis] : found_) checked.diagnoses.push_back(std::move(diagnosis));
+        if (omitted_ > 0) checked.diagnoses.push_back(more());
         locate(checked.diagnoses);
         std::sort(checked.diagnoses.begin(), checked.diagnoses.end(),
                   [](const auto& left, const auto& right) { return orderOf(left) < orderOf(right); });
@@ -62,14 +66,16 @@ private:
     void add(const Diagnosis& diagnosis, const std::vector<Brand>& brands) {
         const auto key = std::pair(diagnosis.pointer, diagnosis.kind.code);
         auto& known = found_.try_emplace(key, diagnosis).first->second.brands;
-        known.insert(known.end(), brands.begin(), brands.end());
+        for (const Brand brand : brands) {
+            if (std::find(known.begin(), known.end(), brand) == known.end()) known.push_back(brand);
+        }
     }
 
     void addRead(const BrandView& view) {
         ReadReport report;
         const Configuration configuration = view.configuration(&report);
         report = view.section.reportOfDocument(std::move(report));
-        omitted_ += report.omitted;
+        omitted_ = std::max(omitted_, report.omitted);
         for (const Finding& finding : report.findings) {
             if (!isReadByOthers(view, finding)) add(refined(view, finding), view.brands);
         }
@@ -83,19 +89,66 @@ private:
     bool isReadByOthers(const BrandView& view, const Finding& finding) const {
         const auto steps = json::stepsOf(finding.pointer);
         if (finding.cost != Cost::notAsked || steps.size() != 1) return false;
-        if (readsWhole(view)) return isBrandSection(document_, steps.front());
+        if (readsWhole(view)) return isBrand(steps.front());
         return std::any_of(views_.begin(), views_.end(), [&](const BrandView& one) { return readsWhole(one); });
     }
 
-    Diagnosis refined(const BrandView& view, const Finding& finding) const {
+    Diagnosis refined(const BrandView& view, const Finding& finding) {
         Diagnosis diagnosis{.kind = kindOf(finding),
                             .pointer = finding.pointer,
                             .expected = finding.expected,
                             .found = finding.found,
-                            .cost = nameOf(finding.cost)};
+                            .cost = std::string(nameOf(finding.cost))};
         if (finding.cost == Cost::notAsked) tellWhatWasMeant(view, diagnosis);
-        if (finding.expected == ContentType::shape && finding.cost == Cost::defaultUsed) diagnosis.kind = kind::noBody;
+        const bool isOtherType = finding.expected == ContentType::shape && finding.found == otherText;
+        if (isOtherType && finding.cost == Cost::defaultUsed) diagnosis.kind = kind::noBody;
+        if (finding.found == nothing && isLost(finding.cost)) addMisspelt(view, finding);
         return diagnosis;
+    }
+
+    static bool isLost(Cost cost) { return cost == Cost::elementDropped || cost == Cost::entryDropped; }
+
+    /// Beside a required value that is missing, the member that was meant to be it.
+    void addMisspelt(const BrandView& view, const Finding& missing) {
+        std::vector<std::string> steps = json::stepsOf(missing.pointer);
+        const std::string name = steps.back();
+        steps.pop_back();
+        const auto around = valueAt(document_, steps);
+        const auto members = around ? around->asObject() : std::nullopt;
+        if (!members) return;
+        const std::string above = missing.pointer.substr(0, missing.pointer.rfind('/'));
+        for (const auto& [member, value] : *members) {
+            Diagnosis diagnosis{.kind = kind::misspeltMember,
+                                .pointer = above,
+                                .expected = nothing,
+                                .found = nameOf(value.kind()),
+                                .cost = std::string(nameOf(Cost::notAsked))};
+            json::appendStep(diagnosis.pointer, member);
+            tellWhatWasMeant(view, diagnosis);
+            if (diagnosis.meant == "\"" + name + "\"") add(diagnosis, view.brands);
+        }
+    }
+
+    /// What stands under a brand's name and is no section: the brand reads the whole document.
+    void addLostSections() {
+        for (const auto& [name, value] : document_) {
+            if (!isBrand(name) || value.kind() == json::Kind::object) continue;
+            std::string pointer;
+            json::appendStep(pointer, name);
+            add({.kind = kind::noSection,
+                 .pointer = std::move(pointer),
+                 .expected = "object",
+                 .found = nameOf(value.kind()),
+                 .cost = "the brand reads the whole document"},
+                {Brand::fromRaw(name)});
+        }
+    }
+
+    Diagnosis more() const {
+        return {.kind = kind::moreFindings,
+                .expected = "fewer findings",
+                .found = "more than a report holds",
+                .cost = "at least " + std::to_string(omitted_) + " are not told"};
     }
 
     void tellWhatWasMeant(const BrandView& view, Diagnosis& diagnosis) const {
@@ -130,13 +183,15 @@ private:
                  .pointer = std::move(pointer),
                  .expected = fault.expected,
                  .found = fault.found,
-                 .cost = fault.cost},
+                 .cost = std::string(fault.cost)},
                 view.brands);
         }
     }
 
     void addRepeated() {
-        for (std::string& pointer : json::repeatedMembers(text_))
+        auto repeated = json::repeatedMembers(text_);
+        omitted_ = std::max(omitted_, repeated.omitted);
+        for (std::string& pointer : repeated.pointers)
             add({.kind = kind::repeatedMember,
                  .pointer = std::move(pointer),
                  .expected = "one member of this name",

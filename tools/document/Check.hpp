@@ -14,7 +14,6 @@ namespace quorin::document {
 /// What a check came to.
 struct Checked {
     std::vector<Diagnosis> diagnoses{};  ///< in the order of the text
-    std::size_t omitted = 0;             ///< beyond those that reports hold
 };
 
 /// Everything in `document`, which was parsed from `text`, that is most likely

@@ -36,8 +36,6 @@ std::vector<std::string> lines(const CheckedSource& source) {
                         + ": " + one.words() + " [" + std::string(one.kind.code) + "]");
         lines.push_back("    " + one.hint());
     }
-    if (source.checked.omitted > 0)
-        lines.push_back(source.name + ": and " + std::to_string(source.checked.omitted) + " more that are not shown");
     return lines;
 }
 

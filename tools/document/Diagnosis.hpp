@@ -18,7 +18,7 @@ struct Diagnosis {
     std::optional<json::Position> position{};  ///< of the value there, or of the object around it
     std::string_view expected{};
     std::string_view found{};
-    std::string_view cost{};
+    std::string cost{};
     std::string meant{};          ///< what may have been meant; empty where nothing is near
     std::vector<Brand> brands{};  ///< whose apps it concerns
 

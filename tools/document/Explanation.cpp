@@ -4,37 +4,14 @@
 #include "quorin/table/FindingKind.hpp"
 
 #include "Path.hpp"
+#include "ValueAt.hpp"
 
 #include <algorithm>
-#include <charconv>
-#include <system_error>
 
 namespace quorin::document {
 namespace {
 
 constexpr std::size_t longestShown = 60;
-
-std::optional<json::Value> elementAt(const json::List& list, std::string_view step) {
-    std::size_t index = 0;
-    const auto read = std::from_chars(step.data(), step.data() + step.size(), index);
-    const bool isIndex = read.ec == std::errc() && read.ptr == step.data() + step.size();
-    if (!isIndex || index >= list.size()) return std::nullopt;
-    return list[index];
-}
-
-std::optional<json::Value> below(const json::Value& value, std::string_view step) {
-    if (const auto map = value.asObject()) return map->find(step);
-    if (const auto list = value.asList()) return elementAt(*list, step);
-    return std::nullopt;
-}
-
-std::optional<json::Value> valueAt(const DocumentMap& map, const std::vector<std::string>& steps) {
-    std::optional<json::Value> value(map);
-    for (const std::string& step : steps) {
-        if (value) value = below(*value, step);
-    }
-    return value;
-}
 
 bool isBelow(std::string_view pointer, std::string_view above) {
     return pointer.starts_with(above) && (pointer.size() == above.size() || pointer[above.size()] == '/');

@@ -8,9 +8,11 @@ std::string block(std::string_view text) { return "\n\n    " + std::string(text)
 }  // namespace
 
 std::string pageOf(const Kind& kind) {
-    return "## " + std::string(kind.finding.code) + "\n\n" + std::string(kind.title) + ". Severity: "
-           + std::string(nameOf(kind.finding.severity)) + ".\n\n" + std::string(kind.cause) + "\n\nFor example:"
-           + block(kind.example) + "\nWhat to do: " + std::string(kind.finding.hint) + "." + block(kind.cure);
+    const std::string example = kind.example.empty() ? "" : "For example:" + block(kind.example) + "\n";
+    const std::string cure = kind.cure.empty() ? "\n" : block(kind.cure);
+    return "## " + std::string(kind.finding.code) + "\n\n" + std::string(kind.title)
+           + ". Severity: " + std::string(nameOf(kind.finding.severity)) + ".\n\n" + std::string(kind.cause) + "\n\n"
+           + example + "What to do: " + std::string(kind.finding.hint) + "." + cure;
 }
 
 std::string pages() {

@@ -10,6 +10,8 @@ namespace kind {
 constexpr FindingKind misspeltMember{"misspelt-member", Severity::warning, "mend the name, letter case included"};
 constexpr FindingKind repeatedMember{"repeated-member", Severity::error, "keep one of them"};
 constexpr FindingKind noBrand{"no-brand", Severity::warning, "name the section as the brand's raw value"};
+constexpr FindingKind noSection{"no-section", Severity::error, "write an object, or leave the brand out"};
+constexpr FindingKind moreFindings{"more-findings", Severity::warning, "mend those that are told, and check again"};
 constexpr FindingKind unreadableURL{"unreadable-url", Severity::error,
                                     "write a whole http or https URL, percent-encoded, with placeholders as "
                                     "{name}"};
@@ -75,6 +77,12 @@ constexpr std::array prose{
           "letters. Another spelling is no brand's, and the "
           "brand reads the whole document instead.",
           R"({"Orvel": {"auth": {"sso": true}}})", R"({"orvel": {"auth": {"sso": true}}})"},
+    Prose{"no-section", "A brand's member that is no object",
+          "It makes no section, and the brand reads the whole document instead.", R"({"orvel": []})",
+          R"({"orvel": {}})"},
+    Prose{"more-findings", "More findings than a report holds",
+          "A report holds 10,000 findings, or those whose pointers take 4 MiB together. The others are not told.", "",
+          ""},
     Prose{"unreadable-url", "An endpoint whose URL makes no request",
           "Every request to the endpoint fails. Blanks, letters beyond ASCII and "
           "a bad percent sign do not stand in a "
@@ -101,8 +109,9 @@ constexpr std::array prose{
 
 std::vector<Kind> made() {
     std::vector<FindingKind> known(findingKinds().begin(), findingKinds().end());
-    known.insert(known.end(), {kind::misspeltMember, kind::repeatedMember, kind::noBrand, kind::unreadableURL,
-                               kind::openPlaceholder, kind::plainHTTP, kind::noBody});
+    known.insert(known.end(),
+                 {kind::misspeltMember, kind::repeatedMember, kind::noBrand, kind::noSection, kind::moreFindings,
+                  kind::unreadableURL, kind::openPlaceholder, kind::plainHTTP, kind::noBody});
     std::vector<Kind> kinds;
     for (const FindingKind& finding : known) {
         const auto told =

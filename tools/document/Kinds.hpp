@@ -27,6 +27,8 @@ namespace kind {
 extern const FindingKind misspeltMember;
 extern const FindingKind repeatedMember;
 extern const FindingKind noBrand;
+extern const FindingKind noSection;
+extern const FindingKind moreFindings;
 extern const FindingKind unreadableURL;
 extern const FindingKind openPlaceholder;
 extern const FindingKind plainHTTP;

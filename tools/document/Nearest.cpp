@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace quorin::document {
 namespace {
@@ -29,11 +30,16 @@ std::size_t distance(std::string_view left, std::string_view right) {
 
 std::vector<std::string_view> near(std::string_view text, const std::vector<std::string_view>& known) {
     constexpr std::size_t longest = 64;
-    std::vector<std::string_view> near;
+    std::vector<std::pair<std::size_t, std::string_view>> found;
     for (const std::string_view candidate : known) {
-        const std::size_t limit = candidate.size() <= 3 ? 1 : 2;
-        if (text.size() <= longest && distance(text, candidate) <= limit) near.push_back(candidate);
+        const std::size_t limit = candidate.size() <= 4 ? 1 : 2;
+        const std::size_t away = text.size() <= longest ? distance(text, candidate) : limit + 1;
+        if (away <= limit && away < candidate.size()) found.emplace_back(away, candidate);
     }
+    std::sort(found.begin(), found.end());
+    std::vector<std::string_view> near;
+    near.reserve(found.size());
+    for (const auto& [away, candidate] : found) near.push_back(candidate);
     return near;
 }
 

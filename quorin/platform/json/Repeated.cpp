@@ -28,7 +28,7 @@ public:
             skipPlain();
     }
 
-    std::vector<std::string> found() && { return std::move(found_); }
+    Repeated found() && { return std::move(found_); }
 
 private:
     void members() {
@@ -53,21 +53,23 @@ private:
     }
 
     void add() {
-        if (found_.size() == mostPointers || bytes_ > mostBytes) return;
+        std::size_t size = 0;
+        for (const std::string& step : trail_) size += 1 + step.size();
+        if (found_.pointers.size() == mostPointers || bytes_ + size > mostBytes) return void(++found_.omitted);
         std::string pointer;
         for (const std::string& step : trail_) appendStep(pointer, step);
         bytes_ += pointer.size();
-        found_.push_back(std::move(pointer));
+        found_.pointers.push_back(std::move(pointer));
     }
 
     std::vector<std::string> trail_;
-    std::vector<std::string> found_;
+    Repeated found_;
     std::size_t bytes_ = 0;
 };
 
 }  // namespace
 
-std::vector<std::string> repeatedMembers(std::string_view text) {
+Repeated repeatedMembers(std::string_view text) {
     Pass pass(withoutMark(text));
     pass.value();
     return std::move(pass).found();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,10 +9,15 @@
 
 namespace quorin::json {
 
+/// Members that stand more than once.
+struct Repeated {
+    std::vector<std::string> pointers{};  ///< in the order of the text, each once
+    std::size_t omitted = 0;              ///< beyond 10,000 of them, or 4 MiB
+};
+
 /// Pointers (RFC 6901) to the members of `text`, which parses, that stand more than once in their object: of those only
-/// the last counts. Each is named once, in the order of the text, the first 10,000 of them or those of 4 MiB. One pass
-/// over the text.
-std::vector<std::string> repeatedMembers(std::string_view text);
+/// the last counts. One pass over the text.
+Repeated repeatedMembers(std::string_view text);
 
 }  // namespace quorin::json
 
