@@ -85,10 +85,30 @@ class Explain(ProgramTest):
                          'value: "https://root.example/{id}"')
 
     def test_unknown_fields_are_wrong_use(self):
-        for path in ["videoPlayer.ads.freetime", "video", "brand", ".", "a..b", "groups[", 'features["a', "", "/", "//",
+        for path in ["videoPlayer.ads.freetime", "video", "brand", ".", "a..b", "groups[", 'features["a', "",
                      "[]"]:
             self.assertEqual(self.quorin("explain", "a.json", path).status, 2, path)
         self.assertIn("near it: freeTime", self.quorin("explain", "a.json", "videoPlayer.ads.freetime").errors)
+
+    def test_what_took_a_field_along_is_told(self):
+        text = {"webservices": {"s": {"url": {"value": "https://h/"}, "method": "GET"}, "x": None},
+                "groups": [{"id": "a"}, {"id": "b", "title": "B"}]}
+        (self.folder / "b.json").write_text(json.dumps(text))
+        run = self.quorin("explain", "b.json", "webservices.s.url")
+        self.assertIn("absent: /webservices/x: expected object, found null; whole map dropped", run.output)
+        self.assertIn('value: "B"', self.quorin("explain", "b.json", "groups[0].title").output)
+        self.assertIn("/groups/1/title", self.quorin("explain", "b.json", "groups[0].title").output)
+        self.assertIn('value: "B"', self.quorin("explain", "b.json", "/groups/1/title").output)
+        self.assertIn("absent: /groups/0/title: expected string, found nothing", self.quorin("explain", "b.json", "/groups/0").output)
+        self.assertEqual(self.quorin("explain", "b.json", "groups[99999999999999999999].title").status, 1)
+
+    def test_pointers_say_whose_section_they_are_in(self):
+        self.assertEqual(self.explained("/orvel/videoPlayer/ads/freeTime")[0], "value: 600")
+        self.assertEqual(self.explained("/orvel/unknown", status=1)[0], "absent: the document does not hold it")
+
+    def test_a_default_is_told(self):
+        run = self.done("explain", "a.json", "webservices.login.Content-Type")
+        self.assertIn("default: the document does not hold it, and this is the default\n", run.output)
 
     def test_a_missing_document_fails(self):
         self.assertEqual(self.quorin("explain", "missing.json", "common").status, 1)
@@ -108,7 +128,11 @@ class Explain(ProgramTest):
         self.assertGreaterEqual(len(pages), 16)
         for page in pages:
             code = page.splitlines()[0]
-            example, cure = re.findall(r"\n\n((?:    .*\n)+)", page)
+            samples = re.findall(r"\n\n((?:    .*\n)+)", page)
+            if code == "more-findings":
+                self.assertEqual(samples, [])
+                continue
+            example, cure = samples
             for text, expected in [(example, True), (cure, False)]:
                 run = self.quorin("check", "-", "--strict", "--format", "json", given=text)
                 self.assertEqual(code in [one["code"] for one in run.json], expected, (code, text))
