@@ -1,9 +1,12 @@
+#include "quorin/core/BrandSection.hpp"
 #include "quorin/platform/json/Parse.hpp"
 
 #include "bench/Competitors.hpp"
 #include "bench/Documents.hpp"
 #include "bench/Ours.hpp"
 #include "bench/Rows.hpp"
+#include "tools/document/BrandViews.hpp"
+#include "tools/document/Check.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -24,6 +27,17 @@ const std::string& padded(const std::string& document) {
 json::ParseResult parse(const std::string& text) { return json::parse(text, text.capacity() - text.size()); }
 
 Configuration read(const DocumentMap& section, ReadReport* report) { return *Configuration::fromJSON(section, report); }
+
+/// What a load is without the report that it leaves.
+std::shared_ptr<const Configuration> loadUntold(const std::string& text) {
+    const auto parsed = parse(text);
+    const BrandSection section = BrandSection::of(*parsed.value()->asObject(), Brand::orvel);
+    Configuration configuration = read(section.map, nullptr);
+    configuration.brand = Brand::orvel;
+    configuration.device = "D";
+    configuration.version = "1.0.0";
+    return std::make_shared<const Configuration>(std::move(configuration));
+}
 
 /// The two loads must yield the same, or their ratio says nothing.
 void compareResults() {
@@ -56,6 +70,12 @@ Rows loadingRows() {
         ReadReport report;
         return read(section, &report);
     });
+    add("load-found", [&large] { return load(large, true); });
+    add("load-untold", [&large] { return loadUntold(large); });
+    add("check", [&large] {
+        const auto parsed = parse(large);
+        return document::check(*parsed.value()->asObject(), large, document::allBrands());
+    });
     return {
         {"parse into our own tree, small / dom", "parse-small", "dom-small", 3, 1.6},
         {"parse into our own tree, large / dom", "parse-large", "dom-large", 2.5, 1.5},
@@ -65,6 +85,9 @@ Rows loadingRows() {
         {"parse into our own tree, huge / dom", "parse-huge", "dom-huge"},
         {"full typed load, huge / dom", "load-huge", "dom-huge"},
         {"read without an observer / with one", "read", "read-observed", 1, 0.9},
+        {"load with its report, large / without any", "load-large", "load-untold", 1.1, 1.02},
+        {"load with findings, large / without them", "load-found", "load-large", 2, 1.5},
+        {"check for all brands, large / one load", "check", "load-large", 50, 20},
     };
 }
 
