@@ -11,7 +11,7 @@ import unittest
 PROGRAM = pathlib.Path(os.environ["QUORIN_PROGRAM"]).resolve()
 GUARD = 120  # seconds after which a run counts as hung
 
-COMMANDS = ["load", "show", "read", "equal", "check", "explain", "diff", "matrix", "schema", "brand", "identity", "cookie",
+COMMANDS = ["load", "show", "read", "equal", "check", "explain", "diff", "matrix", "report", "schema", "brand", "identity", "cookie",
             "headers", "user-agent", "request", "encode", "append", "completion"]
 IDENTITY_COMMANDS = ["set", "unset", "new-parent", "bind", "watch"]
 COOKIE_COMMANDS = ["parse", "sync", "show"]

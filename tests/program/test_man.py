@@ -134,6 +134,6 @@ class Examples(ProgramTest):
 
     def test_every_command_but_a_few_that_need_none_has_an_example(self):
         shown = " ".join(self.examples())
-        for name in ("load", "show", "read", "equal", "check", "explain", "diff", "matrix", "schema", "brand", "identity",
+        for name in ("load", "show", "read", "equal", "check", "explain", "diff", "matrix", "report", "schema", "brand", "identity",
                      "cookie parse", "request", "encode", "append", "completion"):
             self.assertRegex(shown, rf"quorin (--store identity\.db )?{name}\b")

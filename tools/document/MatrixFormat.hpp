@@ -26,6 +26,9 @@ void csvRows(const Matrix& matrix, const LineTaker& take);
 /// One page that needs nothing else, line by line; `called` is what the document is called.
 void htmlLines(const Matrix& matrix, std::string_view called, const LineTaker& take);
 
+/// The table of such a page alone; `id` names its caption.
+void htmlTable(const Matrix& matrix, std::string_view called, const std::string& id, const LineTaker& take);
+
 /// For programs: `{"columns":[{"brands","name","section"}],"rows":[{"outliers","path","values"}]}`; values by the names
 /// of their columns, without those that are absent.
 DocumentMap recordOf(const Matrix& matrix);

@@ -55,22 +55,26 @@ std::string htmlHead(const Matrix& matrix) {
 
 }  // namespace
 
-void htmlLines(const Matrix& matrix, std::string_view called, const LineTaker& take) {
-    for (const std::string_view line : headOfPage) take(std::string(line));
-    take("<main>");
-    take("<h1>What the apps of each brand see</h1>");
-    take("<p>Outliers differ from the value that more than half of the brands with a section of their own have. "
-         + escapedHTML(legend(matrix)) + "</p>");
+void htmlTable(const Matrix& matrix, std::string_view called, const std::string& id, const LineTaker& take) {
     // The keyboard scrolls what it can reach.
-    take("<div class=\"scroll\" role=\"region\" aria-labelledby=\"caption\" tabindex=\"0\">");
+    take("<div class=\"scroll\" role=\"region\" aria-labelledby=\"" + id + "\" tabindex=\"0\">");
     take("<table>");
-    take("<caption id=\"caption\">Fields of " + escapedHTML(called) + "</caption>");
+    take("<caption id=\"" + id + "\">Fields of " + escapedHTML(called) + "</caption>");
     take(htmlHead(matrix));
     take("<tbody>");
     for (const auto& row : matrix.rows()) take(htmlRow(matrix, row));
     take("</tbody>");
     take("</table>");
     take("</div>");
+}
+
+void htmlLines(const Matrix& matrix, std::string_view called, const LineTaker& take) {
+    for (const std::string_view line : headOfPage) take(std::string(line));
+    take("<main>");
+    take("<h1>What the apps of each brand see</h1>");
+    take("<p>Outliers differ from the value that more than half of the brands with a section of their own have. "
+         + escapedHTML(legend(matrix)) + "</p>");
+    htmlTable(matrix, called, "caption", take);
     take("</main>");
     take("</body>");
     take("</html>");

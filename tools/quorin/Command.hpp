@@ -19,6 +19,7 @@ void addCheck(CLI::App& program, Action& chosen);
 void addExplain(CLI::App& program, Action& chosen);
 void addDiff(CLI::App& program, Action& chosen);
 void addMatrix(CLI::App& program, Action& chosen);
+void addReport(CLI::App& program, Action& chosen);
 void addSchema(CLI::App& program, Action& chosen);
 void addBrand(CLI::App& program, Action& chosen);
 void addIdentity(CLI::App& program, Action& chosen);

@@ -58,7 +58,7 @@ void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
 void addCommands(CLI::App& program, Action& chosen) {
     program.require_subcommand(1);
     for (const auto add :
-         {addLoad, addShow, addRead, addEqual, addCheck, addExplain, addDiff, addMatrix, addSchema, addBrand,
+         {addLoad, addShow, addRead, addEqual, addCheck, addExplain, addDiff, addMatrix, addReport, addSchema, addBrand,
           addIdentity, addCookie, addHeaders, addUserAgent, addRequest, addEncode, addAppend, addCompletion})
         add(program, chosen);
 }

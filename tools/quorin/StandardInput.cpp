@@ -37,6 +37,12 @@ std::string keptInput() {
 
 }  // namespace
 
+std::string keptPath(std::string_view bytes) {
+    const int file = memfd_create("kept", MFD_CLOEXEC);
+    if (file < 0 || !writeAll(file, bytes.data(), bytes.size())) return "/dev/null";
+    return "/proc/self/fd/" + std::to_string(file);
+}
+
 std::string standardInputPath() {
     static const std::string& path = *new std::string(keptInput());
     return path;
