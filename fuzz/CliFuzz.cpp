@@ -95,6 +95,7 @@ void checkErrors(std::string_view text, int status) {
     require(status >= 0 && status <= 2, "the program ends with a status of its own");
     require(text.empty() || text.ends_with('\n'), "what is said ends with its line");
     for (const char c : text) require(c == '\n' || !isControl(c), "what is said has no control characters");
+    require(!hasC1(text), "what is said has none of the later control characters");
     require(status != 2 || text.find("quorin: ") != text.npos || text.find("{\"") != text.npos, "a wrong use is told");
 }
 

@@ -36,6 +36,12 @@ std::string hostIn(std::string_view url) {
     return lowered(authority.substr(0, end));
 }
 
+/// Without the spaces around it.
+std::string trimmed(const std::string& text) {
+    const auto from = text.find_first_not_of(' ');
+    return from == text.npos ? std::string() : text.substr(from, text.find_last_not_of(' ') + 1 - from);
+}
+
 class Client {
 public:
     void run(std::string_view line) {
@@ -64,7 +70,7 @@ private:
 
     void receiveAccount(const std::string& kova) {
         if (auto cookie = accountCookie(kova, origin_)) {
-            require(cookie->value == kova.substr(0, kova.find(';')) || cookie->value.size() < kova.size(),
+            require(cookie->value == trimmed(kova.substr(0, kova.find(';'))),
                     "an account's cookie bears its identifier");
             require(cookie->isHostOnly, "an account's cookie is for one host");
             receive({*std::move(cookie)});

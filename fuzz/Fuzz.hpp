@@ -30,6 +30,13 @@ inline bool isControl(char c) {
 
 inline bool hasControl(std::string_view text) { return std::any_of(text.begin(), text.end(), isControl); }
 
+/// U+0080 to U+009F in UTF-8, which a terminal obeys as it does C0.
+inline bool hasC1(std::string_view text) {
+    for (auto at = text.find('\xC2'); at != text.npos; at = text.find('\xC2', at + 1))
+        if (at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) < 0xA0) return true;
+    return false;
+}
+
 /// ASCII letters in lower case.
 inline std::string lowered(std::string_view text) {
     std::string lower(text);
