@@ -275,13 +275,13 @@ class Hostile(MatrixTest):
                 output = self.matrix(document, form).output.replace("\r\n" if form == "csv" else "\n", "")
                 self.assertEqual([c for c in output if ord(c) < 32 or 127 <= ord(c) < 160], [])
 
-    def test_a_hundred_thousand_endpoints(self):
-        services = {f"s{i}": {"url": {"value": "u"}, "method": "get"} for i in range(100_000)}
+    def test_twenty_thousand_endpoints(self):
+        services = {f"s{i}": {"url": {"value": "u"}, "method": "get"} for i in range(20_000)}
         document = self.file("d.json", {"webservices": services, "orvel": {}, "pel": {}})
         for form in ("text", "csv", "html"):
             with self.subTest(form=form):
                 output = self.done("matrix", document, "--format", form).output
-                self.assertEqual(output.count("webservices.s"), 300_000)
+                self.assertEqual(output.count("webservices.s"), 60_000)
 
     def test_a_name_of_megabytes_above_many_fields(self):
         document = {"features": {"n" * 2_000_000: {str(i): i for i in range(20_000)}}}

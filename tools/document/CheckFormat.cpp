@@ -1,6 +1,7 @@
 #include "CheckFormat.hpp"
 
 #include "BrandViews.hpp"
+#include "Path.hpp"
 
 #include <algorithm>
 
@@ -8,17 +9,9 @@ namespace quorin::document {
 namespace {
 
 using json::DocumentMap;
-using json::List;
 using json::Value;
 
 json::Position placeOf(const Diagnosis& diagnosis) { return diagnosis.position.value_or(json::Position{}); }
-
-std::vector<Value> idsOf(const std::vector<Brand>& brands) {
-    std::vector<Value> ids;
-    ids.reserve(brands.size());
-    for (const Brand brand : brands) ids.emplace_back(brand.rawValue());
-    return ids;
-}
 
 }  // namespace
 
@@ -32,8 +25,8 @@ std::vector<std::string> lines(const CheckedSource& source) {
     for (const Diagnosis& one : source.checked.diagnoses) {
         const json::Position place = placeOf(one);
         lines.push_back(source.name + ":" + std::to_string(place.line) + ":" + std::to_string(place.column) + ": "
-                        + std::string(nameOf(one.kind.severity)) + ": " + (one.pointer.empty() ? "/" : one.pointer)
-                        + ": " + one.words() + " [" + std::string(one.kind.code) + "]");
+                        + std::string(nameOf(one.kind.severity)) + ": " + std::string(called(one.pointer)) + ": "
+                        + one.words() + " [" + std::string(one.kind.code) + "]");
         lines.push_back("    " + one.hint());
     }
     return lines;
@@ -53,7 +46,7 @@ std::vector<Value> records(const CheckedSource& source) {
                                          {"found", one.found},
                                          {"cost", one.cost},
                                          {"hint", one.hint()},
-                                         {"brands", List(idsOf(one.brands))}});
+                                         {"brands", listOf(one.brands)}});
     }
     return records;
 }

@@ -135,7 +135,8 @@ private:
         }
         const bool isThere = made_.chain[made_.chain.size() - 2].found != "nothing";
         if (made_.value) return isThere ? "" : "the document does not hold it, and this is the default";
-        return isThere ? "no reader asks for it" : "the document does not hold it";
+        if (!isThere) return "the document does not hold it";
+        return field_.isAround ? "readers ask for what is in it, not for it" : "no reader asks for it";
     }
 
     static std::string inWords(const Finding& finding) {

@@ -93,11 +93,13 @@ private:
     }
 
     bool take(const Row& row) {
+        const bool isInOther = !row.outer.empty();
+        if (isInOther) path_.inDocument.emplace_back(row.outer);
+        path_.isAround = isInDocument_ && isInOther && at_ + 1 == steps_.size();
+        if (path_.isAround) return path_.archived.clear(), true;
         path_.archived.emplace_back(row.key);
-        if (!row.outer.empty()) path_.inDocument.emplace_back(row.outer);
-        const bool isOuterAlone = isInDocument_ && !row.outer.empty() && at_ + 1 == steps_.size();
-        if (!isOuterAlone) path_.inDocument.emplace_back(row.outer.empty() ? row.key : row.inner);
-        at_ += isInDocument_ && !row.outer.empty() && !isOuterAlone ? 2 : 1;
+        path_.inDocument.emplace_back(isInOther ? row.inner : row.key);
+        at_ += isInDocument_ && isInOther ? 2 : 1;
         const bool holdsMany = row.holds->section && row.holds->shape != table::Conversion<DocumentMap>::shape;
         if (!row.holds->section || (holdsMany && at_ == steps_.size())) return takeRest();
         if (holdsMany) {

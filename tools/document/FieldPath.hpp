@@ -12,6 +12,7 @@ struct FieldPath {
     std::vector<std::string> archived{};    ///< the steps in the archived form
     std::vector<std::string> inDocument{};  ///< those in the brand's section of a document
     bool isByDocument = false;              ///< it was named by the latter
+    bool isAround = false;                  ///< it is no field, but an object of the document that fields stand in
 };
 
 /// The names and indices of a path as `Path` puts it in words: `groups[0].title`, `features["a b"].on`. Empty when it

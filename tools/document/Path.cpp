@@ -25,6 +25,8 @@ std::string Path::text() const {
     return text += name;
 }
 
+std::string_view called(std::string_view pointer) { return pointer.empty() ? "the whole document" : pointer; }
+
 std::string beginning(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     for (; end < text.size(); ++end) {

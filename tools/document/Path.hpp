@@ -24,6 +24,9 @@ struct Path {
     static constexpr std::size_t longestName = 80;
 };
 
+/// A JSON Pointer as it is shown: the empty one is "the whole document".
+std::string_view called(std::string_view pointer);
+
 /// The first characters of `text`, which is UTF-8, and "…" where there are more than `count`.
 std::string beginning(std::string_view text, std::size_t count);
 

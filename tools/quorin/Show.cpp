@@ -3,6 +3,7 @@
 #include "Command.hpp"
 #include "Source.hpp"
 #include "Table.hpp"
+#include "tools/document/Path.hpp"
 
 namespace quorin::tool {
 namespace {
@@ -85,8 +86,8 @@ void showReport(Output& output, const ReadReport& report) {
     Table table(2);
     table.row({"POINTER", "LINE:COLUMN", "EXPECTED", "FOUND", "SO"});
     for (const Finding& finding : report.findings)
-        table.row({finding.pointer.empty() ? "the whole document" : finding.pointer, placeOf(finding), finding.expected,
-                   finding.found, nameOf(finding.cost)});
+        table.row({document::called(finding.pointer), placeOf(finding), finding.expected, finding.found,
+                   nameOf(finding.cost)});
     output.text(table.text());
     if (report.omitted > 0) output.line("  and " + std::to_string(report.omitted) + " more");
 }
