@@ -206,11 +206,24 @@ class Check(ProgramTest):
         document = {"webservices": {"a": {"url": {"value": "http://h.example"}, "method": "GET"}}, "orvel": {}, "pel": {}}
         run = self.quorin("check", self.document(document), "--format", "json")
         self.assertEqual([one["pointer"] for one in run.json], ["/webservices/a/url/value"])
-        self.assertLessEqual({"orvel", "pel"}, set(run.json[0]["brands"]))
+        self.assertLessEqual({"orvel", "pellow"}, set(run.json[0]["brands"]))
 
     def test_only_the_brands_that_are_asked_for_are_checked(self):
         document = {"orvel": {"auth": {"sso": "x"}}, "pel": {"auth": {"sso": "x"}}}
         self.assertEqual([one[1] for one in self.found(self.document(document), "--brand", "pellow")], ["/pel/auth/sso"])
+
+    def test_a_text_that_names_no_brand_is_refused(self):
+        run = self.quorin("check", self.document({}), "--brand", "orvle")
+        self.assertEqual((run.status, run.output), (2, ""))
+        self.assertIn('"orvle" names no brand; spellings near it: orvel', run.last_line)
+
+    def test_what_concerns_the_whole_document_says_so(self):
+        run = self.quorin("check", self.document({f"x{i}": 0 for i in range(10_002)}))
+        self.assertIn("warning: the whole document: expected fewer findings", run.output)
+
+    def test_a_text_that_turns_the_direction_is_escaped(self):
+        run = self.quorin("check", self.document({"a\u202eb\u2066c\u2029d": 1}), "--strict")
+        self.assertIn("/a\\u202eb\\u2066c\\u2029d: ", run.output)
 
     def test_notes_fail_only_a_strict_check(self):
         name = self.document({"published": "today"})

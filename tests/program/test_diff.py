@@ -271,11 +271,16 @@ class Brands(DiffTest):
         views = self.views(DOCUMENT, DOCUMENT, "--brand", "plw", "--brand", "004")
         self.assertEqual([view["brands"] for view in views], [["pellow"]])
 
-    def test_a_text_that_names_no_brand_is_unknown_with_a_warning(self):
+    def test_a_text_that_names_no_brand_is_refused(self):
         old = self.file("old.json", DOCUMENT)
-        run = self.quorin("diff", old, old, "--brand", "ORVEL", "--format", "json")
-        self.assertEqual((run.status, run.json["views"][0]["brands"]), (0, ["unknown"]))
-        self.assertIn("warning", run.errors)
+        run = self.quorin("diff", old, old, "--brand", "orvel", "--brand", "ORVEL")
+        self.assertEqual((run.status, run.output), (2, ""))
+        self.assertIn('"ORVEL" names no brand; spellings near it: orvel', run.last_line)
+
+    def test_the_brand_unknown_can_be_asked_for(self):
+        old = self.file("old.json", DOCUMENT)
+        run = self.done("diff", old, old, "--brand", "unknown", "--format", "json")
+        self.assertEqual(run.json["views"][0]["brands"], ["unknown"])
 
     def test_brands_without_a_section_read_the_whole_document_and_are_told_once(self):
         views = self.views({"common": {"termsOfUse": "t"}}, {"common": {"termsOfUse": "u"}})
@@ -360,7 +365,7 @@ class Sources(DiffTest):
         with open("/dev/full", "wb") as full:
             with self.start("diff", old, new, stdout=full, stderr=subprocess.PIPE) as process:
                 _, errors = process.communicate(timeout=GUARD)
-        self.assertEqual(process.returncode, 1)
+        self.assertEqual(process.returncode, 2)
         self.assertIn(b"could not be written", errors)
 
     def test_the_store_is_left_alone(self):
@@ -397,12 +402,12 @@ class Hostile(DiffTest):
         spans = [json.loads(span) for span in re.findall(r"`(\"[^`]*)`", output)]
         self.assertIn(values, spans)
 
-    def test_a_hundred_thousand_endpoints(self):
+    def test_twenty_thousand_endpoints(self):
         def document(host, count):
             services = {f"s{i}": {"url": {"value": f"https://{host}/{i}"}, "method": "get"} for i in range(count)}
             return {"webservices": services, "orvel": {}, "pel": {}}
-        run = self.compare(document("a", 100_000), document("b", 99_999))
-        self.assertEqual((run.status, run.output.splitlines()[0]), (1, "orvel: 100000 breaks"))
+        run = self.compare(document("a", 20_000), document("b", 19_999))
+        self.assertEqual((run.status, run.output.splitlines()[0]), (1, "orvel: 20000 breaks"))
 
     def test_a_name_of_megabytes_above_many_fields(self):
         old, new = ({"features": {"n" * 2_000_000: {str(i): i + more for i in range(20_000)}}} for more in (0, 1))

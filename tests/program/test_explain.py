@@ -106,6 +106,18 @@ class Explain(ProgramTest):
         self.assertEqual(self.explained("/orvel/videoPlayer/ads/freeTime")[0], "value: 600")
         self.assertEqual(self.explained("/orvel/unknown", status=1)[0], "absent: the document does not hold it")
 
+    def test_an_object_that_fields_stand_in_is_no_field(self):
+        last, chain = self.explained("/orvel/application/version", status=1)
+        self.assertEqual(last, "absent: readers ask for what is in it, not for it")
+        self.assertEqual(chain[3][3], "object of 1")
+
+    def test_what_was_meant_as_a_url_keeps_its_secrets(self):
+        for name in ("https:user:secret@h?secret", "HTTPS:/user:secret@h", "http://user:secret@h?secret"):
+            with self.subTest(name=name):
+                run = self.quorin("explain", name, "groups")
+                self.assertNotEqual(run.status, 0)
+                self.assertNotIn("secret", run.errors)
+
     def test_a_default_is_told(self):
         run = self.done("explain", "a.json", "webservices.login.Content-Type")
         self.assertIn("default: the document does not hold it, and this is the default\n", run.output)

@@ -17,6 +17,13 @@ def chosen_names():
     return [f"{'x' * 24}{number:07}m{'y' * 31}" for number in range(MEMBERS)]
 
 
+VIEWS = [["check", "--strict", "SOURCE", "--format", form] for form in ("text", "json", "sarif", "junit")]
+VIEWS += [["diff", "SOURCE", "-", "--format", form] for form in ("text", "json", "markdown")]
+VIEWS += [["matrix", "SOURCE", "--format", form] for form in ("text", "csv", "json", "html")]
+VIEWS += [["explain", "SOURCE", path, "--brand", "orvel"] for path in ("groups", "features.f", "/orvel/groups/7/id")]
+VIEWS += [["report", "SOURCE", "-o", "page.html"]]
+
+
 class HostileDocuments(ProgramTest):
     def ends(self, text):
         """A load that ends, and tells all that was not taken, with its place."""
@@ -71,6 +78,24 @@ class HostileDocuments(ProgramTest):
 
     def test_ten_megabytes_that_are_not_taken(self):
         self.shown("not taken", repeated('{"groups":[', '{"id":1},', "{}]}"))
+
+    def test_every_view_of_what_is_hostile_ends(self):
+        name = "</script>'\"`|\u202e\x1b]0;x\x07" * 10
+        documents = {
+            "names": {name: {name: name}, "features": {name: {name: [name]}}, "groups": [{"id": name, "title": name}] * 50,
+                      "webservices": {f"{name}{i}": {"url": {"value": name}, "method": "get"} for i in range(50)}},
+            "depth": '{"features":{"f":' + '{"a":' * 500 + "1" + "}" * 502,
+            "repeated": '{"orvel":{' + ",".join(['"auth":{"sso":1}'] * 20_000) + "}}",
+            "wrong": {"orvel": {"groups": [1] * 20_000, "webservices": dict.fromkeys(map(str, range(20_000)), 1)}},
+        }
+        for called, document in documents.items():
+            path = self.file(called + ".json", document)
+            for words in VIEWS:
+                with self.subTest(document=called, words=words):
+                    run = self.quorin(*[path if word == "SOURCE" else word for word in words], given="{}")
+                    self.assertNotRegex(run.errors, "[\x00-\x09\x0b-\x1f\x7f]")
+                    if "json" not in words and "sarif" not in words:
+                        self.assertNotRegex(run.output.replace("\r\n", "\n"), "[\x00-\x09\x0b-\x1f\x7f\u202e]")
 
     def test_chosen_names_of_two_hundred_thousand_members(self):
         names = chosen_names()

@@ -8,9 +8,6 @@ namespace {
 
 using document::CheckedSource;
 
-constexpr int found = 1;
-constexpr int trouble = 2;
-
 struct Arguments {
     std::vector<std::string> sources{};
     std::vector<std::string> brands{};
@@ -43,22 +40,19 @@ bool isClean(const CheckedSource& source, Severity level) {
 }
 
 Outcome checkAll(const Arguments& arguments, Session& session) {
-    const auto brands = brandsAsked(arguments.brands, session.output);
+    const auto brands = brandsAsked(arguments.brands);
     std::vector<CheckedSource> sources;
     bool clean = true;
     for (const std::string& name : arguments.sources) {
-        auto read = documentAt(name, session);
-        if (auto* failure = std::get_if<Failure>(&read)) {
-            failure->status = trouble;
-            return *failure;
-        }
+        const auto read = documentAt(name, session);
+        if (const auto* failure = std::get_if<Failure>(&read)) return *failure;
         const auto& [text, map] = std::get<Document>(read);
         sources.push_back({calledFile(name), document::check(map, text, brands)});
         clean = clean && isClean(sources.back(), arguments.level());
     }
     print(sources, arguments, session.output);
     if (clean) return {};
-    return Failure::own("notRead", "", found);
+    return Failure::silent();
 }
 
 }  // namespace
@@ -70,13 +64,14 @@ void addCheck(CLI::App& program, Action& chosen) {
     texts(made, "SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
         .type_name("SOURCE")
         ->required();
-    repeatedText(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default");
+    addBrands(made, arguments->brands);
     flag(made, "--strict", arguments->strict, "Let notes fail the check too, and not only warnings and errors");
     made.add_option("--format", arguments->format, "The form of the result: text (the default), json, sarif or junit")
         ->type_name("FORM")
         ->check(oneOf({"text", "json", "sarif", "junit"}));
-    made.callback(
-        [arguments, &chosen] { chosen = [arguments](Session& session) { return checkAll(*arguments, session); }; });
+    made.callback([arguments, &chosen] {
+        chosen = judging([arguments](Session& session) { return checkAll(*arguments, session); });
+    });
 }
 
 }  // namespace quorin::tool

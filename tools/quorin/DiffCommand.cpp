@@ -3,15 +3,13 @@
 #include "Source.hpp"
 #include "tools/document/ChangesFormat.hpp"
 
+#include <algorithm>
 #include <array>
 
 namespace quorin::tool {
 namespace {
 
 using document::BrandChanges;
-
-constexpr int differ = 1;
-constexpr int trouble = 2;
 
 struct Arguments {
     std::string before{};
@@ -36,7 +34,7 @@ public:
     Outcome end() {
         if (format_ == "json") output_.json(json::DocumentMap{{"equal", isEqual_}, {"views", json::List(records_)}});
         if (isEqual_) return {};
-        return Failure::own("notRead", "", differ);
+        return Failure::silent();
     }
 
 private:
@@ -58,18 +56,15 @@ private:
 
 Outcome diff(const Arguments& arguments, Session& session) {
     if (arguments.before == "-" && arguments.after == "-")
-        return Failure::own("usage", "OLD and NEW cannot both be standard input; name a file for one", trouble);
+        return Failure::usage("OLD and NEW cannot both be standard input; name a file for one");
     std::array<json::DocumentMap, 2> documents;
     for (std::size_t i = 0; i < 2; ++i) {
-        auto read = documentAt(i == 0 ? arguments.before : arguments.after, session);
-        if (auto* failure = std::get_if<Failure>(&read)) {
-            failure->status = trouble;
-            return *failure;
-        }
+        const auto read = documentAt(i == 0 ? arguments.before : arguments.after, session);
+        if (const auto* failure = std::get_if<Failure>(&read)) return *failure;
         documents[i] = std::get<Document>(read).map;
     }
     Printer printer(arguments.format, session.output);
-    for (const auto& brands : document::alike(documents, brandsAsked(arguments.brands, session.output))) {
+    for (const auto& brands : document::alike(documents, brandsAsked(arguments.brands))) {
         const auto before = document::viewOf(documents[0], brands);
         const auto after = document::viewOf(documents[1], brands);
         printer.add({before, after, document::changesBetween(before, after)});
@@ -86,12 +81,13 @@ void addDiff(CLI::App& program, Action& chosen) {
     const auto arguments = std::make_shared<Arguments>();
     addSource(made, "OLD", arguments->before).required();
     addSource(made, "NEW", arguments->after).required();
-    repeatedText(made, "--brand", arguments->brands, "A brand, in any accepted spelling; all by default");
+    addBrands(made, arguments->brands);
     made.add_option("--format", arguments->format, "The form of the result: text (the default), json or markdown")
         ->type_name("FORM")
         ->check(oneOf({"text", "json", "markdown"}));
-    made.callback(
-        [arguments, &chosen] { chosen = [arguments](Session& session) { return diff(*arguments, session); }; });
+    made.callback([arguments, &chosen] {
+        chosen = judging([arguments](Session& session) { return diff(*arguments, session); });
+    });
 }
 
 }  // namespace quorin::tool

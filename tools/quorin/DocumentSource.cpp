@@ -44,12 +44,15 @@ std::variant<Document, Failure> documentIn(const std::string& file, const std::s
     if (!read) return Failure::own("file", what + read.failure.message() + "; name a file that can be read");
     const auto parsed = json::parse(read.bytes, read.bytes.capacity() - read.bytes.size());
     if (const auto* broken = parsed.error())
-        return Failure::own("notRead", what + "not JSON at line " + std::to_string(broken->position.line) + ", column "
-                                           + std::to_string(broken->position.column) + ": " + broken->message
-                                           + "; mend it there");
+        return Failure::own("notRead", what + notJSON(broken->position, broken->message));
     if (auto object = parsed.value()->asObject()) return Document{std::move(read.bytes), *std::move(object)};
     return Failure::own("notRead", what + "it holds a JSON " + std::string(nameOf(parsed.value()->kind()))
                                        + " where an object must be");
+}
+
+std::string notJSON(json::Position position, const std::string& why) {
+    return "not JSON at line " + std::to_string(position.line) + ", column " + std::to_string(position.column) + ": "
+           + why + "; mend it there";
 }
 
 }  // namespace quorin::tool

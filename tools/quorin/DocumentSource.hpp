@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quorin/platform/json/DocumentMap.hpp"
+#include "quorin/platform/json/Position.hpp"
 
 #include "Session.hpp"
 
@@ -25,5 +26,8 @@ std::variant<Document, Failure> documentAt(const std::string& name, const Sessio
 
 /// The same of a file, or "-"; `called` is what the document is read as.
 std::variant<Document, Failure> documentIn(const std::string& file, const std::string& called);
+
+/// Says of a text that it is no JSON, where, why, and what to do about it.
+std::string notJSON(json::Position position, const std::string& why);
 
 }  // namespace quorin::tool

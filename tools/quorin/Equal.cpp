@@ -4,9 +4,6 @@
 namespace quorin::tool {
 namespace {
 
-constexpr int differ = 1;
-constexpr int trouble = 2;
-
 struct Arguments : ModelArguments {
     std::string left{};
     std::string right{};
@@ -17,14 +14,11 @@ Outcome compare(const Arguments& arguments) {
     const std::string* const files[] = {&arguments.left, &arguments.right};
     for (std::size_t i = 0; i < 2; ++i) {
         auto read = readModel(arguments, *files[i]);
-        if (auto* failure = std::get_if<Failure>(&read)) {
-            failure->status = trouble;
-            return *failure;
-        }
+        if (const auto* failure = std::get_if<Failure>(&read)) return *failure;
         models[i] = std::move(std::get<std::unique_ptr<AnyModel>>(read));
     }
     if (models[0]->equals(*models[1])) return {};
-    return Failure::own("notRead", "", differ);
+    return Failure::silent();
 }
 
 }  // namespace
@@ -36,7 +30,7 @@ void addEqual(CLI::App& program, Action& chosen) {
     arguments->addTo(equal);
     equal.add_option("FILE1", arguments->left, "One file")->required();
     equal.add_option("FILE2", arguments->right, "The other file")->required();
-    equal.callback([arguments, &chosen] { chosen = [arguments](Session&) { return compare(*arguments); }; });
+    equal.callback([arguments, &chosen] { chosen = judging([arguments](Session&) { return compare(*arguments); }); });
 }
 
 }  // namespace quorin::tool

@@ -13,8 +13,6 @@
 namespace quorin::tool {
 namespace {
 
-constexpr int wrongUse = 2;
-
 struct Arguments {
     std::optional<std::string> subject{};
     std::optional<std::string> path{};
@@ -26,11 +24,9 @@ Outcome explainCode(const std::string& code, Output& output) {
     std::vector<std::string_view> codes;
     for (const auto& kind : document::kinds()) codes.push_back(kind.finding.code);
     const auto near = document::near(code, codes);
-    return Failure::own("usage",
-                        "there is no finding \"" + calledArgument(code) + "\""
-                            + (near.empty() ? "; to explain a field, name its PATH behind the source"
-                                            : "; near it: " + joined(near, ", ")),
-                        wrongUse);
+    return Failure::usage("there is no finding \"" + calledArgument(code) + "\""
+                          + (near.empty() ? "; to explain a field, name its PATH behind the source"
+                                          : "; near it: " + joined(near, ", ")));
 }
 
 std::string placeOf(const document::Link& link) {
@@ -47,7 +43,7 @@ Outcome printed(const std::string& path, const document::Explanation& explanatio
     if (!explanation.value) output.line("absent: " + explanation.reason);
     if (explanation.value && !explanation.reason.empty()) output.line("default: " + explanation.reason);
     if (explanation.value) return output.line("value: " + document::shown(*explanation.value)), std::nullopt;
-    return Failure::own("noValue", "");
+    return Failure::silent();
 }
 
 /// The field at a pointer, as reports tell it from the top of the document, which also says whose section it is in.
@@ -73,10 +69,8 @@ std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std:
         if (auto field = document::fieldAt(*steps, false, known, &unknown)) return *std::move(field);
     }
     const auto near = steps && !steps->empty() ? document::near((*steps)[unknown], known) : known;
-    return Failure::own(
-        "usage",
-        "no reader knows the field \"" + path + "\"" + (near.empty() ? "" : "; near it: " + joined(near, ", ")),
-        wrongUse);
+    return Failure::usage("no reader knows the field \"" + path + "\""
+                          + (near.empty() ? "" : "; near it: " + joined(near, ", ")));
 }
 
 Outcome explain(const Arguments& arguments, Session& session) {

@@ -38,6 +38,10 @@ Failure Failure::own(std::string_view kind, std::string message, int status) {
     return {std::move(message), std::move(record), status};
 }
 
+Failure Failure::usage(std::string message) { return own("usage", std::move(message), wrongUse); }
+
+Failure Failure::silent() { return {}; }
+
 Failure Failure::of(const rx::Error& error, std::string_view what) {
     Failure failure{.message = std::string(what) + ": " + error.description()};
     if (const auto* oops = error.as<Oops>())

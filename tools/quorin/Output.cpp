@@ -4,16 +4,36 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace quorin::tool {
 namespace {
 
-/// The control character at the front of `text`, and its bytes: C0 and DEL in one, C1 in two (0xC2 0x80 to 0x9F).
-std::size_t controlAt(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
-    return byte(0) == 0xC2 && text.size() > 1 && byte(1) < 0xA0 ? 2 : 0;
+/// A character, and the bytes that it takes; none where `size` is 0.
+struct Character {
+    unsigned code = 0;
+    std::size_t size = 0;
+};
+
+/// The character at the front of UTF-8 text, if it takes up to three bytes.
+Character characterAt(std::string_view text) {
+    const auto bits = [&](std::size_t i) { return static_cast<unsigned char>(text[i]) & 0x3FU; };
+    const auto first = static_cast<unsigned char>(text[0]);
+    if (first < 0x80) return {first, 1};
+    if (first >= 0xC0 && first < 0xE0 && text.size() > 1) return {(first & 0x1FU) << 6U | bits(1), 2};
+    if (first >= 0xE0 && first < 0xF0 && text.size() > 2) return {(first & 0xFU) << 12U | bits(1) << 6U | bits(2), 3};
+    return {};
+}
+
+/// Whether a terminal obeys the character and does not show it: C0, DEL and C1; those that end a line; and those that
+/// turn the direction of what follows, and so let a text stand there that is another.
+bool isControl(unsigned code) {
+    constexpr std::array<std::array<unsigned, 2>, 4> ranges{
+        {{0, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [&](const auto& range) { return code >= range[0] && code <= range[1]; });
 }
 
 /// Escapes the control characters that `keep` does not name.
@@ -21,14 +41,15 @@ std::string escaped(std::string_view text, std::string_view keep) {
     constexpr std::string_view hex = "0123456789abcdef";
     std::string safe;
     while (!text.empty()) {
-        std::size_t size = controlAt(text);
-        if (size == 0 || keep.find(text[0]) != keep.npos)
-            safe += text.substr(0, size = 1);
-        else {
-            const auto code = static_cast<unsigned char>(text[size - 1]);
-            ((safe += "\\u00") += hex[code >> 4U]) += hex[code & 0xFU];
+        const auto [code, size] = characterAt(text);
+        const std::size_t taken = std::max<std::size_t>(size, 1);
+        if (size == 0 || !isControl(code) || keep.find(text[0]) != keep.npos) {
+            safe += text.substr(0, taken);
+        } else {
+            safe += "\\u";
+            for (const unsigned shift : {12U, 8U, 4U, 0U}) safe += hex[code >> shift & 0xFU];
         }
-        text.remove_prefix(size);
+        text.remove_prefix(taken);
     }
     return safe;
 }

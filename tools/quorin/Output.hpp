@@ -48,7 +48,7 @@ private:
     bool written_ = true;
 };
 
-/// `text` in well-formed UTF-8, each control character of it as "\u00xx".
+/// `text` in well-formed UTF-8, each control character of it as "\uxxxx".
 std::string withoutControls(std::string_view text);
 
 }  // namespace quorin::tool

@@ -5,6 +5,7 @@
 #include "Arguments.hpp"
 #include "Command.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <new>
 #include <string>
@@ -12,8 +13,6 @@
 
 namespace quorin::tool {
 namespace {
-
-constexpr int usageStatus = 2;
 
 /// The texts of the options that are converted when all arguments are known.
 struct Forms {
@@ -81,14 +80,16 @@ int run(Session& session, const Action& chosen) {
     if (!session.output.flush() && !isTold)
         outcome = Failure::own("file", "the result could not be written to standard output; is the disk full?");
     if (!outcome) return 0;
-    if (!outcome->message.empty()) session.output.fail(*outcome);
-    return outcome->status;
+    if (outcome->message.empty()) return outcome->status;
+    session.output.fail(*outcome);
+    return std::max(outcome->status, session.trouble);
 }
 
 int usageError(const CLI::App& program, const CLI::ParseError& error, const Output& output) {
     std::fputs(program.help().c_str(), stderr);
-    output.fail(Failure::own("usage", usageMessage(error, program)));
-    return usageStatus;
+    const Failure failure = Failure::usage(usageMessage(error, program));
+    output.fail(failure);
+    return failure.status;
 }
 
 }  // namespace
@@ -118,7 +119,7 @@ int runProgram(int argc, const char* const* argv) {
         return run(session, chosen);
     } catch (const std::bad_alloc&) {
         session.output.fail(Failure::own("noValue", "there is not enough memory; give less, or more memory"));
-        return 1;
+        return session.trouble;
     }
 }
 

@@ -31,6 +31,7 @@ class Session {
 public:
     GlobalOptions options{};
     Output output{};
+    int trouble = 1;  ///< the least exit status of a failure that is told in words
 
     ConfigurationManager::Instance& manager();
 

@@ -1,6 +1,7 @@
 #include "Source.hpp"
 
 #include "quorin/platform/foundation/File.hpp"
+#include "quorin/platform/foundation/RawValues.hpp"
 #include "quorin/platform/foundation/SHA256.hpp"
 #include "quorin/platform/json/UTF8.hpp"
 #include "quorin/platform/rx/Wait.hpp"
@@ -27,30 +28,42 @@ std::string deviceOfMachine() {
     return "unknown-device";
 }
 
+bool namesBrand(const std::string& text) {
+    const Brand brand = Brand::fromRaw(text);
+    return brand != Brand::unknown || text == brand.rawValue();
+}
+
+std::string spellingsNear(const std::string& text) {
+    return "spellings near it: " + document::nearest(text, Brand::spellings());
+}
+
 /// What is wrong with a file that did not load, in more words than the library's record has, and what to do about it.
 std::string whatIsWrong(const LoadReport& failed) {
     const std::string& words = failed.failure->message;
-    if (const auto& place = failed.failure->position)
-        return "not JSON at line " + std::to_string(place->line) + ", column " + std::to_string(place->column) + ": "
-               + words + "; mend the document there";
+    if (const auto& place = failed.failure->position) return notJSON(*place, words);
     return failed.size == 0 ? words + "; name a file that can be read" : words;
 }
 
 }  // namespace
 
 Brand brandNamed(const std::string& text, Output& output) {
-    const Brand brand = Brand::fromRaw(text);
-    if (brand == Brand::unknown && text != brand.rawValue())
-        output.warn("\"" + text + "\" names no brand and loads as unknown; spellings near it: "
-                    + document::nearest(text, Brand::spellings()));
-    return brand;
+    if (!namesBrand(text)) output.warn("\"" + text + "\" names no brand and loads as unknown; " + spellingsNear(text));
+    return Brand::fromRaw(text);
 }
 
-std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output) {
+void addBrands(CLI::App& command, std::vector<std::string>& texts) {
+    const auto check = [](const std::string& given) {
+        return namesBrand(given) ? std::string() : "\"" + given + "\" names no brand; " + spellingsNear(given);
+    };
+    repeatedText(command, "--brand", texts, "A brand, in any accepted spelling; all by default")
+        .check(CLI::Validator(check, ""));
+}
+
+std::vector<Brand> brandsAsked(const std::vector<std::string>& texts) {
     if (texts.empty()) return document::allBrands();
     std::vector<Brand> brands;
     brands.reserve(texts.size());
-    for (const std::string& text : texts) brands.push_back(brandNamed(text, output));
+    for (const std::string& text : texts) brands.push_back(Brand::fromRaw(text));
     std::sort(brands.begin(), brands.end());
     brands.erase(std::unique(brands.begin(), brands.end()), brands.end());
     return brands;
@@ -101,7 +114,11 @@ std::variant<ConfigurationPointer, Failure> Source::load(Session& session, bool 
 std::string pathOf(const std::string& name) { return name == "-" ? standardInputPath() : name; }
 
 std::string calledArgument(const std::string& name) {
-    return name.find(":/") == name.npos ? name : skell::redacted(name);
+    const auto begins = [&](std::string_view scheme) {
+        return rawvalues::sameFolded(std::string_view(name).substr(0, scheme.size()), scheme);
+    };
+    const bool isMeantAsURL = name.find(":/") != name.npos || begins("http:") || begins("https:");
+    return isMeantAsURL ? skell::redacted(name) : name;
 }
 
 std::string calledFile(const std::string& name) { return name == "-" ? "standard input" : calledArgument(name); }

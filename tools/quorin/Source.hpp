@@ -34,8 +34,11 @@ CLI::Option& addSource(CLI::App& command, const std::string& argument, std::stri
 /// The brand that a text names. One that names none is `unknown`, with a warning.
 Brand brandNamed(const std::string& text, Output& output);
 
-/// The brands that the texts name, each once and in their order; all where none is asked for.
-std::vector<Brand> brandsAsked(const std::vector<std::string>& texts, Output& output);
+/// Adds the option that names brands, for a command that judges: a text that names none is a wrong use.
+void addBrands(CLI::App& command, std::vector<std::string>& texts);
+
+/// The brands that those texts name, each once and in their order; all where none is asked for.
+std::vector<Brand> brandsAsked(const std::vector<std::string>& texts);
 
 /// The path at which a file named on the command line is read.
 std::string pathOf(const std::string& name);
