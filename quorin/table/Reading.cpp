@@ -42,13 +42,36 @@ Cost costOf(const Trail& trail) {
     return Cost::nothingRead;
 }
 
-/// Whether somebody meant a number or a boolean, without the grammar of them.
-bool looksNumeric(std::string_view text) {
-    if (text == "true" || text == "false") return true;
+/// Takes the digits at the front of `text` away. Whether there were any.
+bool takeDigits(std::string_view& text) {
+    const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+    text.remove_prefix(count);
+    return count > 0;
+}
+
+/// The same of the one character, if it is one of these.
+bool takeOneOf(std::string_view characters, std::string_view& text) {
+    if (text.empty() || characters.find(text.front()) == characters.npos) return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+/// Whether the whole text is a number of JSON (RFC 8259 section 6).
+bool isNumber(std::string_view text) {
+    takeOneOf("-", text);
+    if (!takeOneOf("0", text) && !takeDigits(text)) return false;
+    if (takeOneOf(".", text) && !takeDigits(text)) return false;
+    if (takeOneOf("eE", text)) {
+        takeOneOf("+-", text);
+        if (!takeDigits(text)) return false;
+    }
+    return text.empty();
+}
+
+/// Whether somebody put quotes around a number or a boolean, which would be taken without them.
+bool isQuoted(std::string_view text) {
     constexpr std::size_t longest = 32;
-    const bool begins =
-        !text.empty() && text.size() <= longest && (text[0] == '-' || (text[0] >= '0' && text[0] <= '9'));
-    return begins && text != "-" && text.find_first_not_of("0123456789+-.eE") == text.npos;
+    return text == "true" || text == "false" || (text.size() <= longest && isNumber(text));
 }
 
 }  // namespace
@@ -61,8 +84,7 @@ const Reading& Reading::below(Step& step, const Trail& trail) const {
 }
 
 std::string_view Reading::nameOfNumeric(const Node& found) {
-    const bool isQuoted = found.kind == json::Kind::string && looksNumeric(found.string());
-    return isQuoted ? quotedValue : nameOf(found.kind);
+    return found.kind == json::Kind::string && isQuoted(found.string()) ? quotedValue : nameOf(found.kind);
 }
 
 bool Reading::tell(std::string_view expected, std::string_view found) const {

@@ -27,6 +27,16 @@ TEST(FindingKind, TellsAWrongTypeFromAValueInQuotes) {
     EXPECT_EQ(codesIn(R"({"common": {"adChoices": 30}})"), "wrong-type ");
 }
 
+TEST(FindingKind, TakesOnlyATextThatIsANumberForOneInQuotes) {
+    for (const char* number : {"0", "-0", "7", "10", "-12", "0.5", "-1.25", "1e3", "1E+3", "2.5e-07", "true", "false"})
+        EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": ")" + std::string(number) + "\"}}"), "value-in-quotes ")
+            << number;
+    for (const char* other : {"",    "-",          "+1",   "007", "-01",  "00",   "1.",    ".5",       "1.2.3",
+                              "1-2", "2024-01-01", "--1",  "1e",  "1e+",  "e3",   "1e5.0", "1e5e5",    "1+1",
+                              " 1",  "1 ",         "0x1f", "1,5", "True", "1.e3", "-.5",   "Infinity", "NaN"})
+        EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": ")" + std::string(other) + "\"}}"), "wrong-type ") << other;
+}
+
 TEST(FindingKind, TakesALongTextForNoNumber) {
     EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": ")" + std::string(33, '1') + "\"}}"), "wrong-type ");
 }
