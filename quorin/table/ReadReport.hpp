@@ -23,7 +23,7 @@ enum class Cost : std::uint8_t {
     mapDropped,      ///< a whole map is absent
     nothingRead,     ///< the read yielded nothing
     notAsked,        ///< nothing: no reader asks for this member
-    overridden,      ///< nothing is read of it: the web services of the document stand in its place
+    overridden,      ///< nothing is read of it: what the document holds further out stands in its place
 };
 
 /// The cost in words: "field absent", "entry dropped", ...

@@ -59,6 +59,9 @@ def planted():
         yield "wrong-type", field, ["mark"], field
     for field in TEXT_FIELDS + INTEGER_FIELDS + BOOLEAN_FIELDS:
         yield "null-value", field, None, field
+    for required in ["/groups/0/title", "/auth/preAuthChannels/1", "/groups/1", "/layouts/home", ENDPOINT,
+                     ENDPOINT + "/method", ENDPOINT + "/url", ENDPOINT + "/url/value"]:
+        yield "null-loss", required, None, required
     for section in SECTIONS:
         yield "wrong-type", section, "a marked text", section
         yield "unknown-member", section + "/quiteAnother", 987654, section + "/quiteAnother"

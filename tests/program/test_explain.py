@@ -135,6 +135,12 @@ class Explain(ProgramTest):
         self.assertEqual(run.status, 2)
         self.assertIn("near it: value-in-quotes", run.errors)
 
+    def test_every_kind_has_its_words(self):
+        for page in self.done("explain").output.split("\n## ")[1:]:
+            code, _, title, _, cause = page.split("\n")[:5]
+            self.assertFalse(title.startswith("."), code)
+            self.assertNotEqual(cause, "", code)
+
     def test_each_example_has_its_finding_and_each_cure_has_not(self):
         pages = self.done("explain").output.split("\n## ")[1:]
         self.assertGreaterEqual(len(pages), 16)

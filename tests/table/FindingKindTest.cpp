@@ -43,6 +43,23 @@ TEST(FindingKind, TakesALongTextForNoNumber) {
 
 TEST(FindingKind, TellsOfNull) { EXPECT_EQ(codesIn(R"({"auth": {"sso": null}})"), "null-value "); }
 
+TEST(FindingKind, TellsANullThatLosesMoreThanItsField) {
+    EXPECT_EQ(codesIn(R"({"auth": {"preAuthChannels": null}, "groups": null, "layouts": null})"),
+              "null-value null-value null-value ");
+    EXPECT_EQ(codesIn(R"({"auth": {"preAuthChannels": ["a", null]}})"), "null-loss ");
+    EXPECT_EQ(codesIn(R"({"groups": [{"id": "a", "title": "A"}, null]})"), "null-loss ");
+    EXPECT_EQ(codesIn(R"({"groups": [{"id": "a", "title": null}]})"), "null-loss ");
+    EXPECT_EQ(codesIn(R"({"webservices": {"a": {"url": null, "method": "GET"}}})"), "null-loss ");
+    EXPECT_EQ(codesIn(R"({"layouts": {"home": null}})"), "null-loss ");
+}
+
+TEST(FindingKind, IsAsSevereAsItsCost) {
+    const Finding harmless{"/a", "text", "null", Cost::fieldAbsent, {}},
+        costly{"/a", "text", "null", Cost::listDropped, {}};
+    EXPECT_EQ(kindOf(harmless).severity, Severity::warning);
+    EXPECT_EQ(kindOf(costly).severity, Severity::error);
+}
+
 TEST(FindingKind, TellsOfANumberBeyond64Bits) {
     EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": 1e30}})"), "out-of-range ");
     EXPECT_EQ(codesIn(R"({"auth": {"initTimeout": 18446744073709551615}})"), "out-of-range ");
