@@ -1,6 +1,7 @@
 #include "quorin/core/SupportCard.hpp"
 
 #include "quorin/core/QuorinConfigManagerVersion.h"
+#include "quorin/platform/foundation/PlainText.hpp"
 #include "quorin/platform/foundation/TimeZone.hpp"
 #include "quorin/table/FindingKind.hpp"
 
@@ -77,10 +78,8 @@ Value failureOf(const LoadReport* failed) {
 }
 
 /// A line of the text. What a host, a document or a server wrote may hold anything.
-std::string line(std::string_view label, std::string facts) {
-    const auto breaks = [](char byte) { return static_cast<unsigned char>(byte) < ' ' || byte == '\x7f'; };
-    std::replace_if(facts.begin(), facts.end(), breaks, ' ');
-    return std::string(label) + ": " + facts + "\n";
+std::string line(std::string_view label, std::string_view facts) {
+    return std::string(label) + ": " + foundation::plainText(facts) + "\n";
 }
 
 std::string brandAndSection(const LoadReport& load) {
@@ -97,8 +96,10 @@ std::string countsIn(const LoadReport& load) {
 
 std::string findingsIn(const LoadReport& load) {
     if (!load.findings) return "not asked for";
+    const std::size_t omitted = load.findings->omitted;
     return std::to_string(countOf(*load.findings, Severity::error)) + " errors, "
-           + std::to_string(countOf(*load.findings, Severity::warning)) + " warnings";
+           + std::to_string(countOf(*load.findings, Severity::warning)) + " warnings"
+           + (omitted > 0 ? ", " + std::to_string(omitted) + " more findings omitted" : std::string());
 }
 
 std::string failureIn(const LoadReport& failed) {

@@ -23,7 +23,7 @@ struct SupportCard {
     std::shared_ptr<const LoadReport> load{};    ///< null when nothing is loaded
     std::shared_ptr<const LoadReport> failed{};  ///< null when no load failed
 
-    /// Ten lines, each of a label, a colon and facts, without control characters.
+    /// Ten lines, each of a label, a colon and facts: UTF-8 without control characters, which a terminal only shows.
     std::string text() const;
 
     /// The same facts under names; null for what there is not.

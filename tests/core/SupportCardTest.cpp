@@ -88,5 +88,17 @@ TEST_F(SupportCards, HoldNoControlCharacters) {
     EXPECT_EQ(std::ranges::count(text(), '\n'), 10);
 }
 
+TEST_F(SupportCards, HoldNothingThatATerminalObeys) {
+    load("{}", {}, "a\xC2\x9B[2J\x9B\xFF.json");
+    EXPECT_THAT(text(), HasSubstr("a [2J\xEF\xBF\xBD\xEF\xBF\xBD.json\n"));
+}
+
+TEST_F(SupportCards, CountWhatTheReportOmits) {
+    std::string members;
+    for (int i = 0; i < 10'005; ++i) members += (i > 0 ? ",\"" : "\"") + std::to_string(i) + "\":1";
+    load("{" + members + "}", {.findings = true});
+    EXPECT_THAT(text(), HasSubstr("findings: 0 errors, 0 warnings, 5 more findings omitted\n"));
+}
+
 }  // namespace
 }  // namespace quorin
