@@ -16,9 +16,9 @@ std::string_view trimmed(std::string_view text) {
 
 /// What else ends a line for some reader becomes a blank (RFC 9110 section 5.5).
 std::string fieldText(std::string_view text) {
-    std::string clean(trimmed(text));
+    std::string clean(text);
     std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\r' || c == '\0'; }, ' ');
-    return clean;
+    return std::string(trimmed(clean));
 }
 
 template <class Number>

@@ -1,4 +1,5 @@
 #include "quorin/platform/skell/Response.hpp"
+#include "quorin/platform/skell/ResponseHead.hpp"
 
 #include "tests/platform/skell/Requests.hpp"
 
@@ -45,6 +46,14 @@ TEST(Response, HasABlankForACarriageReturnWithinAHeader) {
     const Response response = responseTo("HTTP/1.1 200 OK\r\nLocation: /\rx\r\nA: b\r\n c\rd\r\n\r\n");
     EXPECT_EQ(response.header("Location"), "/ x");
     EXPECT_EQ(response.header("A"), "b c d");
+}
+
+TEST(ResponseHead, TrimsWhatBecameABlank) {
+    ResponseHead head;
+    for (const std::string& line : {std::string("HTTP/1.1 200 OK\r\n"), std::string("A: \0 b\0c \0\r\n", 12),
+                                    std::string("B: x\r\n"), std::string(" y\0\r\n", 5), std::string("\r\n")})
+        EXPECT_TRUE(head.take(line));
+    EXPECT_THAT(head.takeFields(), ElementsAre(HeaderField{"A", "b c"}, HeaderField{"B", "x y"}));
 }
 
 TEST(Response, IsTheFinalOneAndNotAnInterimOne) {
