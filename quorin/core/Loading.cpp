@@ -56,16 +56,14 @@ LoadReport reportOf(const DocumentMap& document, std::string_view text, std::str
     report.size = text.size();
     BrandSection section = BrandSection::of(document, arguments.brand);
     ReadReport findings;
-    auto configuration = Configuration::fromJSON(section.map, arguments.findings ? &findings : nullptr);
-    if (!configuration)
-        return failed(std::move(report), oops(ErrorCode::jsonParsing), "the document makes no configuration");
+    auto configuration = *Configuration::fromJSON(section.map, arguments.findings ? &findings : nullptr);
     if (arguments.findings) {
         report.findings = section.reportOfDocument(std::move(findings));
         locate(*report.findings, text);
     }
     report.section = section.name;
-    report.counts = ReadCounts::of(*configuration);
-    report.configuration = stamped(*std::move(configuration), arguments);
+    report.counts = ReadCounts::of(configuration);
+    report.configuration = stamped(std::move(configuration), arguments);
     report.content = std::move(section.map);
     return report;
 }
