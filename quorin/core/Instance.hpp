@@ -43,7 +43,8 @@ public:
     /// the configuration out of it. Null before the first successful load.
     std::shared_ptr<const LoadReport> loadReport() const;
 
-    /// The same of the last load that failed, however many have succeeded since; null when none did.
+    /// The same of the last load that failed, however many have succeeded since; null when none did. One whose memory
+    /// ended leaves no report.
     std::shared_ptr<const LoadReport> failedLoad() const;
 
     /// What support needs to know of the app's configuration, for the user to send: without any secret.

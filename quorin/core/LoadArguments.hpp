@@ -9,7 +9,8 @@
 
 namespace quorin {
 
-/// What a load stamps its configuration with: `{.deviceID = "D", .brand = Brand::orvel}`.
+/// What a load stamps its configuration with, and how much its report tells: `{.deviceID = "D", .brand =
+/// Brand::orvel}`. A load whose memory ends leaves no report.
 struct LoadArguments {
     std::string deviceID{};
     std::optional<Brand> brand{};  ///< whose section is read; absent: the whole document

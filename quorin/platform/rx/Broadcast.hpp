@@ -20,13 +20,14 @@ public:
     /// With replay of one: a new subscriber gets the last value sent, at first this one.
     explicit Broadcast(AnyEvent initial);
 
-    /// Delivers before it returns, except inside a handler while another thread delivers: then that thread goes on with
-    /// this event. Outside any handler it waits for that thread first. Nothing is sent after a terminal event.
+    /// Takes an event that is kept (`AnyEvent::kept`): it may wait in the queue, and be replayed, when the call is
+    /// over. Delivers before it returns, except inside a handler while another thread delivers: then that thread goes
+    /// on with this event. Outside any handler it waits for that thread first. Nothing is sent after a terminal event.
     ///
     /// A `std::bad_alloc` where memory ends: before anyone has the event, or in handlers, when all others have it.
     void send(AnyEvent event) const;
 
-    /// Sends a terminal event, and tells nobody where the memory of a handler ends.
+    /// Sends a terminal event, kept like any, and tells nobody where the memory of a handler ends.
     void end(const AnyEvent& event) const noexcept;
 
     /// Adds a subscriber, with a replay as one more event under the same rules. After the end it gets the last value

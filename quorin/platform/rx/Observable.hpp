@@ -34,8 +34,9 @@ public:
 
     /// Runs the source; events that it has at once arrive before this returns. The handler is called on the threads on
     /// which the source delivers, never with a lock held, and ends the process when it throws; only a `std::bad_alloc`
-    /// goes to who delivers, when all others have their event. After the end and after `dispose()` it is not called
-    /// again and is released; when another thread disposes, a call under way is finished.
+    /// goes to who delivers, when all others have their event. Where that is the thread of the requests, nobody is
+    /// above it, and the process ends all the same. After the end and after `dispose()` it is not called again and is
+    /// released; when another thread disposes, a call under way is finished.
     template <std::invocable<const Event<T>&> Function>
     Disposable subscribe(Function handler) const {
         return subscribeUntyped(
