@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace quorin {
 namespace {
@@ -62,19 +63,23 @@ DocumentMap whole<AnonymousBind>() {
 template <class Model>
 class ModelWithoutMemory : public testing::Test {
 protected:
-    /// A failure is thrown, or makes no difference.
+    /// A failure is thrown, or makes no difference. Yields how many allocations failed.
     template <class Read>
-    void expectWholeOrThrown(const Read& read) const {
+    long failuresOf(const Read& read) const {
         const auto expected = read();
         bool isWhole = false;
         const auto reading = [&] { isWhole = read() == expected; };
-        faults::failEach(reading, [&](const Failed& failed) {
+        const long failures = faults::failEach(reading, [&](const Failed& failed) {
             EXPECT_TRUE(failed.isThrown || isWhole);
             EXPECT_EQ(failed.kept, 0);
             isWhole = false;
         });
         EXPECT_TRUE(isWhole);
+        return failures;
     }
+
+    /// A record of numbers takes no memory, and the root takes much.
+    static constexpr long least = std::is_same_v<Model, Configuration> ? 20 : 0;
 
     const DocumentMap document_ = whole<Model>();
     const std::optional<Model> model_ = Model::fromJSON(document_);
@@ -94,32 +99,33 @@ TYPED_TEST_SUITE(ModelWithoutMemory, Models, Names);
 
 TYPED_TEST(ModelWithoutMemory, IsReadWholeOrNotAtAll) {
     ASSERT_TRUE(this->model_);
-    this->expectWholeOrThrown([this] { return TypeParam::fromJSON(this->document_); });
+    EXPECT_GE(this->failuresOf([this] { return TypeParam::fromJSON(this->document_); }), this->least);
 }
 
 TYPED_TEST(ModelWithoutMemory, IsReadWholeOrNotAtAllWithAReport) {
-    this->expectWholeOrThrown([this] {
+    const auto read = [this] {
         ReadReport report;
         return TypeParam::fromJSON(this->document_, &report);
-    });
+    };
+    EXPECT_GE(this->failuresOf(read), this->least);
 }
 
 TYPED_TEST(ModelWithoutMemory, IsReadBackWholeOrNotAtAll) {
     const DocumentMap archive = this->model_->encode();
-    this->expectWholeOrThrown([&] { return TypeParam::fromEncoded(archive); });
+    EXPECT_GE(this->failuresOf([&] { return TypeParam::fromEncoded(archive); }), this->least);
 }
 
 TYPED_TEST(ModelWithoutMemory, IsWrittenWholeOrNotAtAll) {
-    this->expectWholeOrThrown([this] { return this->model_->encode(); });
+    EXPECT_GT(this->failuresOf([this] { return this->model_->encode(); }), 0);
 }
 
-TYPED_TEST(ModelWithoutMemory, IsEqualToAnEqualOneOrThrows) {
+TYPED_TEST(ModelWithoutMemory, IsEqualToAnEqualOneWithoutAny) {
     const auto other = TypeParam::fromJSON(whole<TypeParam>());
-    this->expectWholeOrThrown([&] { return *this->model_ == *other; });
+    EXPECT_EQ(this->failuresOf([&] { return *this->model_ == *other; }), 0);
 }
 
 TYPED_TEST(ModelWithoutMemory, IsCopiedWholeOrNotAtAll) {
-    this->expectWholeOrThrown([this] { return std::optional<TypeParam>(this->model_); });
+    EXPECT_GE(this->failuresOf([this] { return std::optional<TypeParam>(this->model_); }), this->least);
 }
 
 }  // namespace

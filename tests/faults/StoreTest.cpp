@@ -87,6 +87,7 @@ protected:
 };
 
 TEST_P(StoreWithFaults, HoldsTheOldOrTheNewValueWhateverFails) {
+    long failures = 0;
     for (const Operation operation : faults::operations) {
         for (const bool forGood : {false, true}) {
             for (long count = 0;; ++count) {
@@ -98,9 +99,11 @@ TEST_P(StoreWithFaults, HoldsTheOldOrTheNewValueWhateverFails) {
                 const bool hasFailed = vfs_.stopFailing();
                 expectSound(folder.path(), isSaid);
                 if (!hasFailed) break;
+                ++failures;
             }
         }
     }
+    EXPECT_GT(failures, 20);
 }
 
 /// Writes what stands on the disk after the loss into a folder of its own.
@@ -113,7 +116,7 @@ TEST_P(StoreWithFaults, HoldsTheOldOrTheNewValueWhenThePowerGoes) {
     constexpr std::uint32_t seeds = 200;  // for each of the stories
     const TemporaryFolder prepared;
     prepare(prepared.file("s.db"));
-    long changes = 0;
+    long changes = 0, losses = 0;
     for (std::uint32_t seed = 0; seed < seeds; ++seed) {
         SCOPED_TRACE(seed);
         const TemporaryFolder before;
@@ -126,7 +129,9 @@ TEST_P(StoreWithFaults, HoldsTheOldOrTheNewValueWhenThePowerGoes) {
         materialise(vfs_.disk, seed, after);
         expectSound(after.path(), isSaid);
         changes = isOff ? changes + 1 : 0;  // at every moment in turn
+        losses += isOff ? 1 : 0;
     }
+    EXPECT_GT(losses, seeds / 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, StoreWithFaults, testing::ValuesIn(stories), [](const auto& story) {
