@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <new>
+#include <utility>
 
 namespace quorin::rx {
 namespace {
@@ -28,6 +30,25 @@ TEST(DoOnError, PassesTheErrorOnWhereTheFunctionHasNoMemory) {
     Log log;
     doOnError(error<int>(Broken{3}), [](const Error&) { throw std::bad_alloc(); }).subscribe(into(log, "a"));
     EXPECT_EQ(log, (Log{"a!"}));
+}
+
+TEST(DoOnError, TellsNobodyWhenTheSubscriberHasLeft) {
+    Log log;
+    Observer<int> upstream;
+    const Observable<int> stream([&](Observer<int> observer) {
+        upstream = std::move(observer);
+        return Disposable();
+    });
+    // Released when the subscriber has left, and before the upstream knows.
+    std::shared_ptr<void> leaving(nullptr, [&](void*) { upstream.fail(Broken{3}); });
+    const Disposable subscription = doOnError(stream, [&](const Error& error) {
+                                        log.push_back(error.description());
+                                    }).subscribe([&log, held = std::exchange(leaving, {})](const Event<int>& event) {
+        log.push_back(entry("a", event));
+    });
+    subscription.dispose();
+    upstream.fail(Broken{4});
+    EXPECT_EQ(log, Log{});
 }
 
 }  // namespace

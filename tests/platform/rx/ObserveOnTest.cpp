@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -99,6 +100,37 @@ TEST(ObserveOn, DeliversNothingAfterItWasDisposed) {
     EXPECT_EQ(tasks.size(), 1u);
     runAll(tasks);
     EXPECT_EQ(log, Log{"a1"});
+}
+
+TEST(ObserveOn, TakesAnEventBackForWhichTheExecutorHasNoMemory) {
+    Log log;
+    Tasks tasks;
+    bool hasMemory = true;
+    Variable<int> cell(1);
+    observeOn(cell.asObservable(), [&](std::function<void()> task) {
+        if (!hasMemory) throw std::bad_alloc();
+        tasks.push_back(std::move(task));
+    }).subscribe(into(log, "a"));
+    hasMemory = false;
+    EXPECT_THROW(cell.assign(2), std::bad_alloc);
+    hasMemory = true;
+    cell.assign(3);
+    runAll(tasks);
+    EXPECT_EQ(log, (Log{"a1", "a3"}));
+}
+
+TEST(ObserveOn, TellsTheExecutorThatTheHandlerHasNoMemory) {
+    Log log;
+    Tasks tasks;
+    Variable<int> cell(1);
+    observeOn(cell.asObservable(), later(tasks)).subscribe([&](const Event<int>& event) {
+        if (*event.value() == 1) throw std::bad_alloc();
+        log.push_back(entry("a", event));
+    });
+    cell.assign(2);
+    EXPECT_THROW(tasks.front()(), std::bad_alloc);
+    tasks.back()();
+    EXPECT_EQ(log, Log{"a2"});
 }
 
 TEST(ObserveOn, DeliversOnTheThreadOfTheExecutor) {
