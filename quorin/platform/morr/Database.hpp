@@ -1,16 +1,13 @@
 #pragma once
 
+#include "quorin/platform/morr/Connection.hpp"
 #include "quorin/platform/morr/Outcome.hpp"
 #include "quorin/platform/morr/StoreFile.hpp"
 #include "quorin/platform/morr/StoredValue.hpp"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-
-struct sqlite3;
-struct sqlite3_stmt;
 
 namespace quorin::morr {
 
@@ -22,10 +19,10 @@ public:
     /// Opens the file and makes the table in an empty one. A file that cannot be written is opened for reading.
     Outcome open(const StoreFile& file);
 
-    bool isReadOnly() const;
+    bool isReadOnly() const { return connection_.isReadOnly(); }
 
     /// False once the file was deleted, renamed or replaced.
-    bool isInPlace() const;
+    bool isInPlace() const { return connection_.isInPlace(); }
 
     /// Absent when no row has the key, or its row holds no value of ours.
     Outcome read(std::string_view key, std::optional<StoredValue>& value);
@@ -41,17 +38,9 @@ public:
     Outcome claim(std::string_view key, const StoredValue& value, std::optional<StoredValue>& there);
 
     /// Closing will not carry the journal over into the file: for a file that is damaged or not ours.
-    void leaveAsItIs();
+    void leaveAsItIs() const { connection_.carryOver(false); }
 
 private:
-    struct CloseConnection {
-        void operator()(sqlite3* connection) const;
-    };
-    struct CloseStatement {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, CloseStatement>;
-
     /// Whether the file has any tables, and whether one is a store's.
     struct Tables {
         bool any = false;
@@ -64,13 +53,8 @@ private:
     Outcome checkEncoding();
     Outcome checkStructure();
     Outcome prepareForWriting();
-    Outcome prepare(const char* text, Statement& statement);
-    Outcome ask(const char* text, Statement& statement);
-    Outcome execute(const char* text);
-    int step(sqlite3_stmt* statement);
-    Outcome outcomeOf(int code) const;
 
-    std::unique_ptr<sqlite3, CloseConnection> connection_;
+    Connection connection_;
     bool isEmpty_ = false;
     bool isWalked_ = false;  ///< over the whole table, whose pages are checked as they are read
     Statement select_;
