@@ -59,6 +59,7 @@ struct Broadcast::State : std::enable_shared_from_this<State> {
     Disposable subscribe(const AnyObserver& observer);
     void remove(Number number);
 
+    void replay(const AnyEvent& event, Number number, const AnyObserver& observer, Lock& lock);
     void awaitTurn(Lock& lock);
     bool workOff(Lock& lock);
     bool drain(Lock& lock);
@@ -100,15 +101,19 @@ Disposable Broadcast::State::subscribe(const AnyObserver& observer) {
         if (lock.owns_lock()) lock.unlock();
         remove(number);
     });
-    if (first.content && deliverer == std::this_thread::get_id()) {
-        lock.unlock();
-        observer.send(first);
-    } else if (first.content) {
-        queue.push_back({first, number, number + 1});
-        if (!workOff(lock)) throw std::bad_alloc();
-    }
+    if (first.content) replay(first, number, observer, lock);
     leaving.keep();
     return place;
+}
+
+/// At once inside a delivery of this thread, for which nobody can wait there, and else when its turn comes.
+void Broadcast::State::replay(const AnyEvent& event, Number number, const AnyObserver& observer, Lock& lock) {
+    if (deliverer == std::this_thread::get_id()) {
+        lock.unlock();
+        return observer.send(event);
+    }
+    queue.push_back({event, number, number + 1});
+    if (!workOff(lock)) throw std::bad_alloc();
 }
 
 void Broadcast::State::remove(Number number) {
