@@ -23,8 +23,6 @@ bool leadsInto(std::string_view pointer, std::string_view member) {
     return pointer.starts_with(step) && (pointer.size() == step.size() || pointer[step.size()] == '/');
 }
 
-bool isAnyBrand(std::string_view name) { return Brand::fromRaw(name).rawValue() == name; }
-
 }  // namespace
 
 BrandSection BrandSection::of(const DocumentMap& document, std::optional<Brand> brand) {
@@ -43,6 +41,8 @@ BrandSection BrandSection::of(const DocumentMap& document, std::optional<Brand> 
     return section;
 }
 
+bool BrandSection::isName(std::string_view member) { return Brand::fromRaw(member).rawValue() == member; }
+
 ReadReport BrandSection::reportOfDocument(ReadReport report) const {
     if (name.empty()) return report;
     ReadReport whole;
@@ -57,7 +57,7 @@ ReadReport BrandSection::reportOfDocument(ReadReport report) const {
     const auto own = document.find(name)->asObject()->find(services);
     if (takesServices && own) unread(pointerTo(name, services), *own, Cost::overridden);
     for (const auto& [member, value] : document) {
-        const bool asked = isAnyBrand(member) || (takesServices && member == services);
+        const bool asked = isName(member) || (takesServices && member == services);
         if (!asked) unread(pointerTo(member), value, Cost::notAsked);
     }
     return whole;

@@ -20,6 +20,9 @@ struct BrandSection {
     /// any. The whole document where no brand is given, or it has no such object.
     static BrandSection of(const DocumentMap& document, std::optional<Brand> brand);
 
+    /// Whether a member of this name is meant for a brand, whatever stands there: it is a raw value.
+    static bool isName(std::string_view member);
+
     /// Turns a report about `map` into one about `document`, and adds what the selection itself left out.
     ReadReport reportOfDocument(ReadReport report) const;
 };

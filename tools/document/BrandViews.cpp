@@ -8,11 +8,9 @@ namespace {
 bool hasSection(const DocumentMap& document, Brand brand) { return !BrandSection::of(document, brand).name.empty(); }
 
 DocumentMap withoutSections(const DocumentMap& document) {
-    const auto brands = allBrands();
     std::vector<DocumentMap::Member> members;
     for (const auto& [name, value] : document) {
-        const auto isName = [&, text = name](Brand brand) { return brand.rawValue() == text; };
-        const bool isSection = value.kind() == json::Kind::object && std::any_of(brands.begin(), brands.end(), isName);
+        const bool isSection = value.kind() == json::Kind::object && BrandSection::isName(name);
         if (!isSection) members.emplace_back(name, value);
     }
     return DocumentMap(members);

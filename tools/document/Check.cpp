@@ -34,8 +34,6 @@ std::optional<Brand> brandMeant(std::string_view name) {
     return meant.empty() ? std::nullopt : std::optional(Brand::fromRaw(meant.front()));
 }
 
-bool isBrand(std::string_view name) { return Brand::fromRaw(name).rawValue() == name; }
-
 /// What two of them never have alike, by their places in the text.
 auto orderOf(const Diagnosis& one) {
     const json::Position place = one.position.value_or(json::Position{});
@@ -89,7 +87,7 @@ private:
     bool isReadByOthers(const BrandView& view, const Finding& finding) const {
         const auto steps = json::stepsOf(finding.pointer);
         if (finding.cost != Cost::notAsked || steps.size() != 1) return false;
-        if (readsWhole(view)) return isBrand(steps.front());
+        if (readsWhole(view)) return BrandSection::isName(steps.front());
         return std::any_of(views_.begin(), views_.end(), [&](const BrandView& one) { return readsWhole(one); });
     }
 
@@ -132,7 +130,7 @@ private:
     /// What stands under a brand's name and is no section: the brand reads the whole document.
     void addLostSections() {
         for (const auto& [name, value] : document_) {
-            if (!isBrand(name) || value.kind() == json::Kind::object) continue;
+            if (!BrandSection::isName(name) || value.kind() == json::Kind::object) continue;
             std::string pointer;
             json::appendStep(pointer, name);
             add({.kind = kind::noSection,
