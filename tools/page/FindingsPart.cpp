@@ -2,6 +2,7 @@
 #include "tools/document/CheckFormat.hpp"
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace quorin::page {
@@ -84,35 +85,41 @@ void takeText(const Source& source, const std::string& id, const LineTaker& take
     take("</ol>");
 }
 
+/// What is wrong stands first.
+constexpr std::array severities{Severity::error, Severity::warning, Severity::note};
+
 std::string itemOf(const Diagnosis& one, const std::string& id) {
     const json::Position place = placeOf(one);
-    const std::string severity(nameOf(one.kind.severity));
+    const std::string_view severity = nameOf(one.kind.severity);
     const std::string pointer = one.pointer.empty() ? "/" : one.pointer;
-    return "<li><p><span class=\"badge " + severity + "\">" + severity + "</span> <a href=\"#"
-           + anchorOf(id, place.line, place.column) + "\"><code>" + escapedHTML(pointer) + "</code> "
-           + std::to_string(place.line) + ":" + std::to_string(place.column) + "</a></p>" + element("p", one.words())
-           + element("p", one.hint() + " [" + std::string(one.kind.code) + "]") + "</li>";
-}
-
-std::string summaryOf(const document::Checked& checked) {
-    std::string text;
-    for (const Severity severity : {Severity::error, Severity::warning, Severity::note})
-        text += (text.empty() ? "" : ", ") + std::to_string(document::count(checked, severity)) + " "
-                + std::string(nameOf(severity)) + "s";
-    return text + ".";
+    return "<li><p>" + badge(severity, severity) + " <a href=\"#" + anchorOf(id, place.line, place.column) + "\"><code>"
+           + escapedHTML(pointer) + "</code> " + std::to_string(place.line) + ":" + std::to_string(place.column)
+           + "</a></p>" + element("p", one.words()) + "<p class=\"hint\">" + escapedHTML(one.hint()) + " ["
+           + std::string(one.kind.code) + "]</p></li>";
 }
 
 }  // namespace
 
 void findingsPart(const Source& source, const std::string& id, const LineTaker& take) {
-    take(element("p", summaryOf(source.checked)));
     take("<div class=\"beside\">");
     take("<ul class=\"findings\" tabindex=\"0\" aria-label=\"findings\">");
     if (source.checked.diagnoses.empty()) take("<li>Nothing to tell.</li>");
-    for (const Diagnosis& one : source.checked.diagnoses) take(itemOf(one, id));
+    for (const Severity severity : severities)
+        for (const Diagnosis& one : source.checked.diagnoses)
+            if (one.kind.severity == severity) take(itemOf(one, id));
     take("</ul>");
     takeText(source, id, take);
     take("</div>");
+}
+
+std::string findingsInWords(const Source& source) {
+    std::string words;
+    for (const Severity severity : severities) {
+        const std::size_t number = document::count(source.checked, severity);
+        const std::string name(nameOf(severity));
+        if (number > 0) words += " " + badge(name, std::to_string(number) + " " + name + (number == 1 ? "" : "s"));
+    }
+    return words.empty() ? "No findings." : words;
 }
 
 }  // namespace quorin::page

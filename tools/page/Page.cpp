@@ -7,6 +7,8 @@
 #include "Script.hpp"
 #include "Style.hpp"
 
+#include <algorithm>
+
 namespace quorin::page {
 namespace {
 
@@ -33,7 +35,15 @@ void takeLines(const std::string& tag, std::string_view text, const LineTaker& t
     take("</" + tag + ">");
 }
 
-void takeHead(const LineTaker& take) {
+constexpr std::string_view heading = "Configuration report";
+
+std::string titleOf(std::span<const Source> sources) {
+    std::string names;
+    for (const Source& source : sources) names += (names.empty() ? "" : ", ") + source.name;
+    return names + " - " + std::string(heading);
+}
+
+void takeHead(std::span<const Source> sources, const LineTaker& take) {
     take("<!DOCTYPE html>");
     take("<html lang=\"en\">");
     take("<head>");
@@ -44,22 +54,63 @@ void takeHead(const LineTaker& take) {
         + hashOfScript() + "'\">");
     take("<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">");
     take("<meta name=\"color-scheme\" content=\"light dark\">");
-    take("<title>Configuration report</title>");
+    take(element("title", titleOf(sources)));
     takeLines("style", style, take);
     take("</head>");
 }
 
+std::string idOf(std::size_t number) { return "s" + std::to_string(number); }
+
+std::string link(const std::string& id, std::string_view text) {
+    return "<a href=\"#" + id + "\">" + document::escapedHTML(text) + "</a>";
+}
+
+/// A part of what is told of a source, and its short name among the links.
+struct Part {
+    std::string_view id{};
+    std::string_view link{};
+    std::string_view heading{};
+
+    std::string idIn(const std::string& source) const { return source + "-" + std::string(id); }
+    std::string html(const std::string& source) const {
+        return "<h3 id=\"" + idIn(source) + "\">" + std::string(heading) + "</h3>";
+    }
+};
+
+constexpr Part findings{"findings", "Findings", "Findings"};
+constexpr Part fields{"fields", "Fields", "What the apps of each brand see"};
+constexpr Part trees{"trees", "Trees", "Each brand as a tree"};
+constexpr Part requests{"requests", "Requests", "Requests as they would be sent"};
+
 void takeLinks(std::span<const Source> sources, bool hasChanges, const LineTaker& take) {
     take("<a class=\"skip\" href=\"#main\">To the content</a>");
     take("<nav aria-label=\"parts\"><ul>");
-    for (std::size_t i = 0; i < sources.size(); ++i)
-        take("<li><a href=\"#s" + std::to_string(i) + "\">" + document::escapedHTML(sources[i].name) + "</a></li>");
-    if (hasChanges) take("<li><a href=\"#changes\">What changes</a></li>");
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        take("<li>" + link(idOf(i), sources[i].name) + "<ul>");
+        for (const Part& part : {findings, fields, trees, requests})
+            take("<li>" + link(part.idIn(idOf(i)), part.link) + "</li>");
+        take("</ul></li>");
+    }
+    if (hasChanges) take("<li>" + link("changes", "What changes") + "</li>");
     take("</ul></nav>");
+}
+
+/// What it comes to, at a glance.
+void takeSummary(std::span<const Source> sources, std::span<const document::BrandChanges> changes,
+                 const LineTaker& take) {
+    take("<ul class=\"summary\">");
+    for (std::size_t i = 0; i < sources.size(); ++i)
+        take("<li>" + link(idOf(i), sources[i].name) + " " + findingsInWords(sources[i]) + "</li>");
+    if (!changes.empty()) take("<li>" + link("changes", "What changes") + " " + changesInWords(changes) + "</li>");
+    take("</ul>");
+    const bool hasFindings =
+        std::ranges::any_of(sources, [](const Source& one) { return !one.checked.diagnoses.empty(); });
+    if (hasFindings) take("<p class=\"hint keys\" hidden>The keys j and k go from finding to finding.</p>");
 }
 
 void takeMatrix(const Source& source, const std::string& id, const LineTaker& take) {
     const auto matrix = document::Matrix::of(source.map);
+    if (matrix.rows().empty()) return take("<p>Nothing that a reader takes.</p>");
     take(element("p",
                  "Outliers differ from the value that more than half of the brands with a section of their own have. "
                      + document::legend(matrix)));
@@ -69,13 +120,15 @@ void takeMatrix(const Source& source, const std::string& id, const LineTaker& ta
 void takeSource(const Source& source, const std::string& id, const LineTaker& take) {
     take("<section id=\"" + id + "\">");
     take(element("h2", source.name));
-    take("<h3>Findings</h3>");
+    take(findings.html(id));
     findingsPart(source, id, take);
-    take("<h3>What the apps of each brand see</h3>");
+    take("<div class=\"fields\">");
+    take(fields.html(id));
     takeMatrix(source, id, take);
-    take("<h3>Each brand as a tree</h3>");
+    take("</div>");
+    take(trees.html(id));
     readersPart(source, id, take);
-    take("<h3>Requests as they would be sent</h3>");
+    take(requests.html(id));
     requestsPart(source, take);
     take("</section>");
 }
@@ -83,13 +136,13 @@ void takeSource(const Source& source, const std::string& id, const LineTaker& ta
 }  // namespace
 
 void write(std::span<const Source> sources, std::span<const document::BrandChanges> changes, const LineTaker& take) {
-    takeHead(take);
+    takeHead(sources, take);
     take("<body>");
     takeLinks(sources, !changes.empty(), take);
     take("<main id=\"main\">");
-    take("<h1>Configuration report</h1>");
-    take("<p>The keys j and k go from finding to finding.</p>");
-    for (std::size_t i = 0; i < sources.size(); ++i) takeSource(sources[i], "s" + std::to_string(i), take);
+    take(element("h1", heading));
+    takeSummary(sources, changes, take);
+    for (std::size_t i = 0; i < sources.size(); ++i) takeSource(sources[i], idOf(i), take);
     if (!changes.empty()) {
         take("<section id=\"changes\"><h2>What changes</h2>");
         changesPart(changes, take);

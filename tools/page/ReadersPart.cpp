@@ -11,9 +11,9 @@ void takeMembers(const json::DocumentMap& map, const LineTaker& take);
 void takeValue(const std::string& name, const Value& value, const LineTaker& take) {
     const auto map = value.asObject();
     const auto list = map ? std::nullopt : value.asList();
-    const bool holdsObjects = list && list->size() > 0 && (*list)[0].asObject();
+    const bool holdsObjects = list && !list->empty() && (*list)[0].asObject();
     if (!(map && !map->empty()) && !holdsObjects)
-        return take("<li>" + element("span", name) + ": " + element("code", document::shown(value)) + "</li>");
+        return take("<li>" + element("span", name + ":") + " " + element("code", document::shown(value)) + "</li>");
     take("<li><details><summary>" + document::escapedHTML(name) + "</summary><ul>");
     if (map) takeMembers(*map, take);
     for (std::size_t i = 0; holdsObjects && i < list->size(); ++i)
@@ -25,6 +25,14 @@ void takeMembers(const json::DocumentMap& map, const LineTaker& take) {
     for (const auto& [name, value] : map) takeValue(std::string(name), value, take);
 }
 
+/// Shown by the script that makes it work.
+void takeSearch(const std::string& tree, const LineTaker& take) {
+    const std::string told = tree + "-told";
+    take("<p class=\"search\" hidden><label>Search in this tree <input type=\"search\" aria-controls=\"" + tree
+         + "\" aria-describedby=\"" + told + "\"></label>");
+    take("<span id=\"" + told + "\" role=\"status\"></span></p>");
+}
+
 }  // namespace
 
 void readersPart(const Source& source, const std::string& id, const LineTaker& take) {
@@ -32,10 +40,9 @@ void readersPart(const Source& source, const std::string& id, const LineTaker& t
         const std::string tree = id + "-tree-" + std::to_string(i);
         const Reader& reader = source.readers[i];
         take("<details><summary>" + element("strong", reader.name) + "</summary>");
-        take("<p class=\"search\" hidden><label>Search in this tree: <input type=\"search\" aria-controls=\"" + tree
-             + "\" aria-describedby=\"" + tree + "-told\"></label> <span id=\"" + tree
-             + "-told\" role=\"status\"></span></p>");
+        takeSearch(tree, take);
         take("<ul class=\"tree\" id=\"" + tree + "\">");
+        if (reader.values.empty()) take("<li>Nothing that a reader takes.</li>");
         takeMembers(reader.values, take);
         take("</ul></details>");
     }

@@ -5,7 +5,8 @@ namespace {
 
 std::string headersOf(const ShownRequest& request) {
     std::string lines;
-    for (const auto& [name, value] : request.headers) lines += document::escapedHTML(name + ": " + value) + "<br>";
+    for (const auto& [name, value] : request.headers)
+        ((lines += document::escapedHTML(name)) += ": ").append(document::escapedHTML(value)).append("<br>");
     return "<details><summary>" + std::to_string(request.headers.size()) + " headers</summary><code>" + lines
            + "</code></details>";
 }
@@ -19,14 +20,16 @@ std::string rowOf(const ShownRequest& request) {
 
 void requestsPart(const Source& source, const LineTaker& take) {
     for (const Reader& reader : source.readers) {
+        if (reader.requests.empty()) {
+            take("<p>" + element("strong", reader.name) + ": there is no endpoint.</p>");
+            continue;
+        }
         take("<details><summary>" + element("strong", reader.name) + " (" + std::to_string(reader.requests.size())
              + ")</summary>");
-        take(
-            "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"requests\"><table><thead><tr>"
-            "<th scope=\"col\">endpoint</th><th scope=\"col\">method</th><th scope=\"col\">URL</th>"
-            "<th scope=\"col\">headers</th></tr></thead><tbody>");
+        beginTable("Requests of " + reader.name, {"endpoint", "method", "URL", "headers"}, take);
         for (const ShownRequest& request : reader.requests) take(rowOf(request));
-        take("</tbody></table></div></details>");
+        endTable(take);
+        take("</details>");
     }
 }
 

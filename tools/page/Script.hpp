@@ -6,8 +6,8 @@ namespace quorin::page {
 
 /// Searches the trees, and goes from finding to finding with the keys j and k. The page has all of its content without.
 inline constexpr std::string_view script = R"('use strict';
+for (const item of document.querySelectorAll('[hidden]')) item.hidden = false;
 for (const input of document.querySelectorAll('input[type=search]')) {
-  input.closest('.search').hidden = false;
   const tree = document.getElementById(input.getAttribute('aria-controls'));
   const told = document.getElementById(input.getAttribute('aria-describedby'));
   const leaves = [...tree.querySelectorAll('li')].filter(item => !item.querySelector('li'));
@@ -29,16 +29,21 @@ for (const input of document.querySelectorAll('input[type=search]')) {
         if (wanted !== '' && item.tagName === 'DETAILS') item.open = true;
       }
     });
-    told.textContent = wanted === '' ? '' : found + ' found';
+    told.textContent = wanted === '' ? '' : found === 0 ? 'nothing found' : found + ' found';
   });
 }
 const links = [...document.querySelectorAll('.findings a')];
+let current = -1;
+links.forEach((link, i) => link.addEventListener('click', () => {
+  links[current]?.removeAttribute('aria-current');
+  link.setAttribute('aria-current', 'true');
+  current = i;
+}));
 document.addEventListener('keydown', event => {
   if (event.ctrlKey || event.metaKey || event.altKey || event.target.tagName === 'INPUT') return;
   const step = { j: 1, k: -1 }[event.key];
   if (!step || links.length === 0) return;
-  const at = links.indexOf(document.activeElement);
-  const next = links[Math.min(Math.max(at + step, 0), links.length - 1)];
+  const next = links[Math.min(Math.max(current + step, 0), links.length - 1)];
   next.focus();
   next.click();
 });
