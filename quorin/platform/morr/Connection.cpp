@@ -26,6 +26,14 @@ int patiently(Try attempt) {
     }
 }
 
+/// Whether there is more than the description of any table takes.
+bool hasMemory() {
+    constexpr sqlite3_uint64 plenty = 16U << 20U;
+    void* const memory = sqlite3_malloc64(plenty);
+    sqlite3_free(memory);
+    return memory != nullptr;
+}
+
 }  // namespace
 
 void CloseStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -47,12 +55,17 @@ Outcome Connection::open(const std::string& name, int flags) {
 }
 
 Outcome Connection::prepare(const char* text, Statement& statement) const {
-    return outcomeOf(patiently([&] {
+    const auto attempt = [&] {
         sqlite3_stmt* prepared = nullptr;
         const int code = sqlite3_prepare_v2(connection_.get(), text, -1, &prepared, nullptr);
         statement.reset(prepared);
         return code;
-    }));
+    };
+    int code = patiently(attempt);
+    if (Outcome::isOfMemory(code)) code = patiently(attempt);
+    if (Outcome::isOfMemory(code) && hasMemory())
+        return {Outcome::Kind::damaged, "its description of itself is broken"};
+    return outcomeOf(code);
 }
 
 Outcome Connection::ask(const char* text, Statement& statement) const {

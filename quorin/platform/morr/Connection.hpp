@@ -24,6 +24,7 @@ public:
     /// carries no journal over when it is closed, until `carryOver`.
     Outcome open(const std::string& name, int flags);
 
+    /// A file whose tables cannot be made out, although there is memory enough for that, is damaged.
     Outcome prepare(const char* text, Statement& statement) const;
 
     /// Prepares, and stands on the first row when it is done; for statements that always yield one.

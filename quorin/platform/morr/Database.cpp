@@ -110,7 +110,7 @@ Outcome Database::readTables(Tables& tables) {
         tables.any = true;
         tables.ours = tables.ours || row::bytes(query.get(), 0) == tableText;
     }
-    return connection_.outcomeOf(code);
+    return outcomeOfReading(code);
 }
 
 /// An empty file may be meant for texts of another encoding than ours.
@@ -118,6 +118,14 @@ Outcome Database::checkEncoding() {
     Statement encoding;
     Outcome outcome = connection_.ask("PRAGMA encoding", encoding);
     return outcome && row::bytes(encoding.get(), 0) != "UTF-8" ? Outcome::foreign() : outcome;
+}
+
+/// Memory that a row asked for which lies about its size was never missing.
+Outcome Database::outcomeOfReading(int code) {
+    if (Outcome::isOfMemory(code)) {
+        if (Outcome structure = checkStructure(); !structure) return structure;
+    }
+    return connection_.outcomeOf(code);
 }
 
 /// A change uses more than the table, so before the first one the whole file is looked at.
@@ -159,7 +167,7 @@ Outcome Database::read(std::string_view key, std::optional<StoredValue>& value) 
     int code = row::bindText(select_.get(), 1, key);
     if (code == SQLITE_OK) code = Connection::step(select_.get());
     if (code == SQLITE_ROW) value = row::value(select_.get(), 0);
-    return connection_.outcomeOf(code);
+    return outcomeOfReading(code);
 }
 
 Outcome Database::readAll(StoredValues& values) {
@@ -176,7 +184,7 @@ Outcome Database::readAll(StoredValues& values) {
         last = key;
         if (auto value = row::value(query.get(), 0)) values.emplace_hint(values.end(), key, std::move(*value));
     }
-    Outcome outcome = connection_.outcomeOf(code);
+    Outcome outcome = outcomeOfReading(code);
     isWalked_ = isWalked_ || outcome;
     return outcome;
 }

@@ -52,6 +52,7 @@ private:
     Outcome readTables(Tables& tables);
     Outcome checkEncoding();
     Outcome checkStructure();
+    Outcome outcomeOfReading(int code);
     Outcome prepareForWriting();
 
     Connection connection_;

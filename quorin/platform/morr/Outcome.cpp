@@ -29,8 +29,8 @@ Outcome Outcome::of(int code, sqlite3* connection) {
     const Kind kind = kindOf(code);
     if (kind == Kind::done) return {};
     if (kind == Kind::foreign) return foreign();
+    if (isOfMemory(code)) throw std::bad_alloc();
     const int primary = code & 0xff;
-    if (primary == SQLITE_NOMEM) throw std::bad_alloc();
     std::string words = sqlite3_errstr(code);
     const int system = connection ? sqlite3_system_errno(connection) : 0;
     if (system != 0 && (primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN)) {
@@ -40,6 +40,8 @@ Outcome Outcome::of(int code, sqlite3* connection) {
 }
 
 Outcome Outcome::foreign() { return {Kind::foreign, "it holds another database, or one of a newer version"}; }
+
+bool Outcome::isOfMemory(int code) { return (code & 0xff) == SQLITE_NOMEM; }
 
 bool Outcome::isContention(int code) {
     const int primary = code & 0xff;

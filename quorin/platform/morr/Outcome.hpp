@@ -28,6 +28,9 @@ struct Outcome {
     /// exhausted is a `std::bad_alloc`.
     static Outcome of(int code, sqlite3* connection);
 
+    /// Whether the code says that memory is exhausted. SQLite says so too of a file that lies about the size of a row.
+    static bool isOfMemory(int code);
+
     /// That of a database with the tables of somebody else.
     static Outcome foreign();
 

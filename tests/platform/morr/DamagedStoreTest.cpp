@@ -44,6 +44,36 @@ std::string overwritten(std::string file, std::size_t from, std::size_t count) {
     return file;
 }
 
+/// A file with a page whose first row lies: its size wraps round where SQLite counts the pages that it takes, and its
+/// first column goes on behind the end of the first. `pointer` is where the page says where the row is, `size` how many
+/// bytes its own size takes, `columns` how many stand before the types of its columns, and `types` those in their
+/// place.
+std::string lying(std::string file, std::size_t page, std::size_t pointer, std::size_t size, std::size_t columns,
+                  const std::string& types) {
+    const auto at = [&](std::size_t i) { return static_cast<unsigned char>(file[page + pointer + i]); };
+    const std::size_t row = (std::size_t{at(0)} << 8U) + at(1);
+    std::string lie = "\x8f\xff\xff\xff\x7f" + file.substr(page + row + size, 4096 - row - size);
+    lie.replace(5 + columns, types.size(), types);
+    constexpr std::size_t to = 1000;
+    file.replace(page + to, lie.size(), lie);
+    file[page + pointer] = static_cast<char>(to >> 8U);
+    file[page + pointer + 1] = static_cast<char>(to & 0xFFU);
+    return file;
+}
+
+/// A store of one value, on its second page.
+const std::string& fileOfOne() {
+    static const std::string& content = *new std::string([] {
+        const TemporaryFolder folder;
+        MorrStandard({.path = folder.file("s.db")}).put(std::string(900, 'y'), "k");
+        return contentOf(folder.file("s.db"));
+    }());
+    return content;
+}
+
+std::string lyingOfItself() { return lying(fileOfOne(), 0, 108, 1, 2, "\x8f\x7f"); }
+std::string lyingOfARow() { return lying(fileOfOne(), 4096, 8, 2, 1, "\x8f\x7f\x15\x01"); }
+
 const std::vector<std::string>& damagedFiles() {
     static const auto& files = *new std::vector<std::string>{
         "not a database",
@@ -56,6 +86,8 @@ const std::vector<std::string>& damagedFiles() {
         overwritten(soundFile(), 0, 16),
         overwritten(soundFile(), 4096, 4096),
         overwritten(soundFile(), 12288, 600),
+        lyingOfItself(),
+        lyingOfARow(),
     };
     return files;
 }
@@ -73,6 +105,20 @@ TEST(DamagedStore, IsSetAsideAndBegunAnew) {
         EXPECT_TRUE(contentOf(folder.file(aside[0])) == content);
         EXPECT_NE(store.status().message.find(folder.file(aside[0])), std::string::npos) << store.status().message;
     }
+}
+
+TEST(DamagedStore, ThatLiesOfItselfIsNotTakenForMissingMemory) {
+    const TemporaryFolder folder;
+    MorrStandard store({.path = folder.write("s.db", lyingOfItself()), .setAsideDamaged = false});
+    EXPECT_EQ(store.get("k"), std::nullopt);
+    EXPECT_EQ(store.status().kind, Kind::unavailable);
+}
+
+TEST(DamagedStore, ThatLiesOfARowIsNotTakenForMissingMemory) {
+    const TemporaryFolder folder;
+    MorrStandard store({.path = folder.write("s.db", lyingOfARow()), .setAsideDamaged = false});
+    EXPECT_EQ(store.get("k"), std::nullopt);
+    EXPECT_EQ(store.status().kind, Kind::unavailable);
 }
 
 TEST(DamagedStore, IsNamedAfterTheTime) {
