@@ -71,6 +71,10 @@ class Report(ProgramTest):
             if tag == "a":
                 self.assertIn(attributes["href"][1:], anchors)
 
+    def test_a_finding_names_the_brands_that_it_concerns(self):
+        page = self.page({"orvel": {"auth": {"sso": []}}, "pel": {}})
+        self.assertIn("expected boolean, found list; field absent (orvel)", page.text_of("p"))
+
     def test_the_text_stands_there_line_by_line(self):
         page = self.page('{"auth":\n\t{"sso": "x",\r\n"a": 1}}\n')
         lines = re.findall(r"<li><span>(.*?)</span></li>", self.text)
@@ -107,7 +111,8 @@ class Report(ProgramTest):
         policy = next(attributes["content"] for tag, attributes in page.elements
                       if attributes.get("http-equiv") == "Content-Security-Policy")
         digest = base64.b64encode(hashlib.sha256(script.encode()).digest()).decode()
-        self.assertEqual(policy, f"default-src 'none'; style-src 'unsafe-inline'; script-src 'sha256-{digest}'")
+        self.assertEqual(policy, "default-src 'none'; base-uri 'none'; form-action 'none'; style-src 'unsafe-inline'; "
+                                 f"script-src 'sha256-{digest}'")
 
     def test_nothing_is_fetched(self):
         for tag, attributes in self.page(DOCUMENT).elements:

@@ -1,5 +1,7 @@
 #include "Parts.hpp"
+#include "tools/document/BrandViews.hpp"
 #include "tools/document/CheckFormat.hpp"
+#include "tools/document/Path.hpp"
 
 #include <algorithm>
 #include <array>
@@ -88,14 +90,19 @@ void takeText(const Source& source, const std::string& id, const LineTaker& take
 /// What is wrong stands first.
 constexpr std::array severities{Severity::error, Severity::warning, Severity::note};
 
+/// Whose apps it concerns, where that are not those of all brands, or of none.
+std::string readersOf(const Diagnosis& one) {
+    const bool isOfSome = !one.brands.empty() && one.brands.size() < document::allBrands().size();
+    return isOfSome ? " (" + document::namesOf(one.brands) + ")" : "";
+}
+
 std::string itemOf(const Diagnosis& one, const std::string& id) {
     const json::Position place = placeOf(one);
     const std::string_view severity = nameOf(one.kind.severity);
-    const std::string pointer = one.pointer.empty() ? "/" : one.pointer;
     return "<li><p>" + badge(severity, severity) + " <a href=\"#" + anchorOf(id, place.line, place.column) + "\"><code>"
-           + escapedHTML(pointer) + "</code> " + std::to_string(place.line) + ":" + std::to_string(place.column)
-           + "</a></p>" + element("p", one.words()) + "<p class=\"hint\">" + escapedHTML(one.hint()) + " ["
-           + std::string(one.kind.code) + "]</p></li>";
+           + escapedHTML(document::called(one.pointer)) + "</code> " + std::to_string(place.line) + ":"
+           + std::to_string(place.column) + "</a></p>" + element("p", one.words() + readersOf(one))
+           + "<p class=\"hint\">" + escapedHTML(one.hint()) + " [" + std::string(one.kind.code) + "]</p></li>";
 }
 
 }  // namespace

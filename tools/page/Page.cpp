@@ -49,7 +49,8 @@ void takeHead(std::span<const Source> sources, const LineTaker& take) {
     take("<head>");
     take("<meta charset=\"utf-8\">");
     take(
-        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'unsafe-inline'; "
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
+        "form-action 'none'; style-src 'unsafe-inline'; "
         "script-src '"
         + hashOfScript() + "'\">");
     take("<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">");
