@@ -176,11 +176,15 @@ Outcome Database::readAll(StoredValues& values) {
     if (Outcome outcome = connection_.prepare("SELECT type, value, key FROM entries ORDER BY key", query); !outcome)
         return outcome;
     std::optional<std::string> last;
+    bool isBehind = false;  // of the texts, where the keys of other types stand, which are nobody's
     int code = Connection::step(query.get());
-    // Keys of other types than text, which are nobody's, stand behind the texts.
-    for (; code == SQLITE_ROW && sqlite3_column_type(query.get(), 2) == SQLITE_TEXT; code = sqlite3_step(query.get())) {
+    for (; code == SQLITE_ROW; code = sqlite3_step(query.get())) {
+        if (sqlite3_column_type(query.get(), 2) != SQLITE_TEXT) {
+            isBehind = true;
+            continue;
+        }
         const std::string_view key = row::bytes(query.get(), 2);
-        if (last && key <= *last) return {Outcome::Kind::damaged, "its keys are out of order"};
+        if (isBehind || (last && key <= *last)) return {Outcome::Kind::damaged, "its keys are out of order"};
         last = key;
         if (auto value = row::value(query.get(), 0)) values.emplace_hint(values.end(), key, std::move(*value));
     }

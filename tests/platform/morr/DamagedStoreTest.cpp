@@ -238,6 +238,17 @@ TEST(DamagedStore, IsFoundByTheOrderOfItsKeys) {
 }
 
 /// They stand behind the texts, whatever their bytes are.
+TEST(DamagedStore, IsFoundByAKeyOfAnotherTypeAmongItsKeys) {
+    const TemporaryFolder folder;
+    std::string content = soundFile();
+    char& type = content[content.find("key150") - 4];
+    ASSERT_EQ(type, 13 + 2 * 6);  // a text of six bytes
+    type = 12 + 2 * 6;            // six bytes that are none
+    MorrStandard store({.path = folder.write("s.db", content)});
+    EXPECT_EQ(store.all(), StoredValues());
+    EXPECT_EQ(store.status().kind, Kind::setAside);
+}
+
 TEST(DamagedStore, IsNoneWithKeysOfOtherTypes) {
     const TemporaryFolder folder;
     const std::string path = folder.write("s.db", soundFile());
