@@ -228,6 +228,21 @@ class Check(ProgramTest):
         run = self.quorin("check", self.document({"a\u202eb\u2066c\u2029d": 1}), "--strict")
         self.assertIn("/a\\u202eb\\u2066c\\u2029d: ", run.output)
 
+    def test_what_the_brands_read_that_are_not_asked_for_is_no_finding(self):
+        name = self.document({"common": {"adChoices": "x"}, "003": {"common": {}}})
+        self.assertEqual(self.found(name, "--strict", "--brand", "003"), [])
+
+    def test_what_cannot_be_read_keeps_nothing_of_the_rest_back(self):
+        wrong, broken = self.document({"orvel": {"auth": {"sso": "x"}}}), self.document("[", "broken.json")
+        for sources in ([wrong, broken, "none.json"], [broken, "none.json", wrong]):
+            run = self.quorin("check", *sources)
+            self.assertEqual((run.status, len(run.output.splitlines()), len(run.errors.splitlines())), (2, 2, 2))
+
+    def test_standard_input_is_one_source_only(self):
+        run = self.quorin("check", "-", "-", given="{}")
+        self.assertEqual((run.status, run.output), (2, ""))
+        self.assertIn("standard input can be one SOURCE only", run.last_line)
+
     def test_notes_fail_only_a_strict_check(self):
         name = self.document({"published": "today"})
         self.assertEqual(self.quorin("check", name).status, 0)

@@ -60,6 +60,12 @@ class Completion(ProgramTest):
         self.assertEqual(self.completed("read", "Ads", "--form", "a"), ["archived"])
         self.assertEqual(self.completed("completion", ""), [*SHELLS, *self.completed("completion", "--")])
 
+    def test_bash_completes_the_values_of_each_command_by_itself(self):
+        self.assertEqual(self.completed("check", "--format", ""), ["text", "json", "sarif", "junit"])
+        self.assertEqual(self.completed("diff", "--format", ""), ["text", "json", "markdown"])
+        self.assertEqual(self.completed("matrix", "--format", "h"), ["html"])
+        self.assertEqual(self.completed("matrix", "--errors", "j"), ["json"])
+
     def test_bash_leaves_files_to_the_shell(self):
         for words in (["--store", ""], ["load", "--device", "l"], ["cookie", "parse", "--url", "s"]):
             self.assertEqual(self.completed(*words), [], words)

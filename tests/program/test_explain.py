@@ -111,6 +111,27 @@ class Explain(ProgramTest):
         self.assertEqual(last, "absent: readers ask for what is in it, not for it")
         self.assertEqual(chain[3][3], "object of 1")
 
+    def test_a_section_is_no_field(self):
+        last, chain = self.explained("/orvel", status=1)
+        self.assertEqual((last, len(chain)), ("absent: readers ask for what is in it, not for it", 3))
+
+    def test_what_is_no_section_is_told(self):
+        (self.folder / "a.json").write_text('{"voss": null}')
+        self.assertEqual(self.explained("/voss", status=1)[0],
+                         "absent: what stands there makes no section; the whole document is read")
+
+    def test_a_brand_goes_by_its_name_too(self):
+        (self.folder / "a.json").write_text('{"003": {"common": {"adChoices": "own"}}}')
+        self.assertEqual(self.explained("common.adChoices", "--brand", "caldor")[0], 'value: "own"')
+
+    def test_a_text_that_names_no_brand_is_refused(self):
+        run = self.quorin("explain", "a.json", "groups", "--brand", "nosuch")
+        self.assertEqual((run.status, run.output), (2, ""))
+        self.assertIn('"nosuch" names no brand; name one of ', run.last_line)
+
+    def test_an_index_has_no_zero_in_front(self):
+        self.assertEqual(self.explained("/orvel/groups/00", status=1)[0], "absent: the document does not hold it")
+
     def test_what_was_meant_as_a_url_keeps_its_secrets(self):
         for name in ("https:user:secret@h?secret", "HTTPS:/user:secret@h", "http://user:secret@h?secret"):
             with self.subTest(name=name):

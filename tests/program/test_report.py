@@ -141,6 +141,20 @@ class Report(ProgramTest):
         self.assertEqual(self.quorin("report", "a.json", "-o", "missing/page.html").status, 1)
         self.assertEqual(self.quorin("report", "a.json").status, 2)
 
+    def test_a_document_is_not_replaced_by_its_page(self):
+        self.file("a.json", DOCUMENT)
+        (self.folder / "link.json").symlink_to("a.json")
+        before = (self.folder / "a.json").read_text()
+        for source, file in (("a.json", "a.json"), ("link.json", "./a.json"), ("a.json", "link.json")):
+            with self.subTest(source=source, file=file):
+                self.fails(2, "report", source, "-o", file)
+        self.assertEqual((self.folder / "a.json").read_text(), before)
+
+    def test_the_page_goes_to_standard_output_too(self):
+        name = self.file("a.json", DOCUMENT)
+        self.done("report", name, "-o", "page.html")
+        self.assertEqual(self.done("report", name, "-o", "-").output, (self.folder / "page.html").read_text())
+
     def test_standard_input_is_a_source(self):
         self.assertEqual(self.quorin("report", "-", "-o", "page.html", given=b"{}").status, 0)
         self.assertIn("standard input", (self.folder / "page.html").read_text())

@@ -45,6 +45,8 @@ public:
     Check(const DocumentMap& document, std::string_view text, std::span<const Brand> brands)
         : document_(document), text_(text) {
         for (const auto& group : alike(std::span(&document, 1), brands)) views_.push_back(viewOf(document, group));
+        const auto all = alike(std::span(&document, 1), allBrands());
+        isReadWhole_ = readsWhole(viewOf(document, all.back()));
     }
 
     Checked run() && {
@@ -80,7 +82,7 @@ private:
         if (configuration.webServices) addEndpoints(view, *configuration.webServices);
     }
 
-    bool readsWhole(const BrandView& view) const { return view.section.name.empty(); }
+    static bool readsWhole(const BrandView& view) { return view.section.name.empty(); }
 
     /// A member of the root that these apps do not ask for may be a brand's, or
     /// one of apps that read the whole document.
@@ -88,7 +90,7 @@ private:
         const auto steps = json::stepsOf(finding.pointer);
         if (finding.cost != Cost::notAsked || steps.size() != 1) return false;
         if (readsWhole(view)) return BrandSection::isName(steps.front());
-        return std::any_of(views_.begin(), views_.end(), [&](const BrandView& one) { return readsWhole(one); });
+        return isReadWhole_;
     }
 
     Diagnosis refined(const BrandView& view, const Finding& finding) {
@@ -212,6 +214,7 @@ private:
     const DocumentMap& document_;
     std::string_view text_;
     std::vector<BrandView> views_;
+    bool isReadWhole_ = false;  ///< by apps of any brand, asked for or not
     std::map<std::pair<std::string, std::string_view>, Diagnosis> found_;
     std::size_t omitted_ = 0;
 };

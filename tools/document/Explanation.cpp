@@ -86,7 +86,9 @@ private:
         }
     }
 
-    bool asksForServices() const { return field_.inDocument.front() == Configuration::Keys::webServices; }
+    bool asksForServices() const {
+        return !field_.inDocument.empty() && field_.inDocument.front() == Configuration::Keys::webServices;
+    }
 
     void addSection() {
         made_.chain.push_back({.what = "document", .found = "object"});
@@ -130,11 +132,13 @@ private:
         for (const Finding& finding : report_.findings) {
             if (!isLoss(finding)) continue;
             if (made_.value && finding.cost != Cost::defaultUsed) continue;
-            if (isBelow(pointer, lostWith(finding, above_)) || isBelow(finding.pointer, pointer))
-                return inWords(finding);
+            const bool isInField = !field_.isAround && isBelow(finding.pointer, pointer);
+            if (isBelow(pointer, lostWith(finding, above_)) || isInField) return inWords(finding);
         }
         const bool isThere = made_.chain[made_.chain.size() - 2].found != "nothing";
         if (made_.value) return isThere ? "" : "the document does not hold it, and this is the default";
+        if (field_.inDocument.empty() && view_.section.name.empty())
+            return "what stands there makes no section; the whole document is read";
         if (!isThere) return "the document does not hold it";
         return field_.isAround ? "readers ask for what is in it, not for it" : "no reader asks for it";
     }

@@ -13,7 +13,8 @@ namespace {
 std::optional<json::Value> elementAt(const json::List& list, std::string_view step) {
     std::size_t index = 0;
     const auto read = std::from_chars(step.data(), step.data() + step.size(), index);
-    const bool isIndex = read.ec == std::errc() && read.ptr == step.data() + step.size();
+    const bool isPlain = step == "0" || !step.starts_with('0');  // RFC 6901, section 4
+    const bool isIndex = isPlain && read.ec == std::errc() && read.ptr == step.data() + step.size();
     if (!isIndex || index >= list.size()) return std::nullopt;
     return list[index];
 }

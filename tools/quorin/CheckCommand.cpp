@@ -3,6 +3,8 @@
 #include "Source.hpp"
 #include "tools/document/CheckFormat.hpp"
 
+#include <algorithm>
+
 namespace quorin::tool {
 namespace {
 
@@ -39,18 +41,29 @@ bool isClean(const CheckedSource& source, Severity level) {
     return true;
 }
 
+/// What could not be checked keeps nothing from being told of the rest.
+Outcome endedBy(const std::vector<Failure>& failures, const Output& output) {
+    std::for_each(failures.begin(), failures.end() - 1, [&](const Failure& failure) { output.fail(failure); });
+    return failures.back();
+}
+
 Outcome checkAll(const Arguments& arguments, Session& session) {
     const auto brands = brandsAsked(arguments.brands);
     std::vector<CheckedSource> sources;
+    std::vector<Failure> failures;
     bool clean = true;
     for (const std::string& name : arguments.sources) {
-        const auto read = documentAt(name, session);
-        if (const auto* failure = std::get_if<Failure>(&read)) return *failure;
+        auto read = documentAt(name, session);
+        if (auto* failure = std::get_if<Failure>(&read)) {
+            failures.push_back(std::move(*failure));
+            continue;
+        }
         const auto& [text, map] = std::get<Document>(read);
         sources.push_back({calledFile(name), document::check(map, text, brands)});
         clean = clean && isClean(sources.back(), arguments.level());
     }
-    print(sources, arguments, session.output);
+    if (!sources.empty()) print(sources, arguments, session.output);
+    if (!failures.empty()) return endedBy(failures, session.output);
     if (clean) return {};
     return Failure::silent();
 }
@@ -61,9 +74,7 @@ void addCheck(CLI::App& program, Action& chosen) {
     CLI::App& made = command(program, "check", "Tell what in documents is most likely not meant",
                              "quorin check config.json --strict");
     const auto arguments = std::make_shared<Arguments>();
-    texts(made, "SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
-        .type_name("SOURCE")
-        ->required();
+    addSources(made, arguments->sources);
     addBrands(made, arguments->brands);
     flag(made, "--strict", arguments->strict, "Let notes fail the check too, and not only warnings and errors");
     made.add_option("--format", arguments->format, "The form of the result: text (the default), json, sarif or junit")

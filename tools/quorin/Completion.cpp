@@ -100,12 +100,13 @@ std::string casesOfCommands(const std::vector<Row>& rows) {
     return cases;
 }
 
+/// The values of options: those of a command behind it, those of every command anywhere.
 std::string casesOfValues(const std::vector<Row>& rows) {
     std::string cases;
     for (const Row& row : rows) {
+        const std::string at = row.path.empty() ? "*:--" : "'" + row.path + "':--";
         for (const Flag& flag : row.flags) {
-            const std::string line = "    --" + flag.name + ") choices='" + flag.choices + "' ;;\n";
-            if (!flag.choices.empty() && cases.find(line) == cases.npos) cases += line;
+            if (!flag.choices.empty()) cases += "    " + at + flag.name + ") choices='" + flag.choices + "' ;;\n";
         }
     }
     return cases;
@@ -126,9 +127,9 @@ std::string choosing(const std::vector<Row>& rows, const std::string& words) {
            "        esac\n"
            "        before=$word\n"
            "    done\n"
-           "    case $before in\n"
+           "    case $at:$before in\n"
            + casesOfValues(rows) +
-           "    " + valued + ") ;;\n"
+           "    *:" + joined(valuedFlags(rows), "|*:") + ") ;;\n"
            "    *) case $at in\n"
            + casesOfCommands(rows) +
            "        esac ;;\n"

@@ -57,7 +57,8 @@ document::FieldPath fieldAtPointer(const std::string& pointer, std::optional<Bra
     }
     std::vector<std::string_view> known;
     auto field = document::fieldAt(steps, true, known);
-    return field ? *std::move(field) : document::FieldPath{.archived = {}, .inDocument = steps, .isByDocument = true};
+    if (field) return *std::move(field);
+    return document::FieldPath{.archived = {}, .inDocument = steps, .isByDocument = true, .isAround = steps.empty()};
 }
 
 std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std::optional<Brand>& brand) {
@@ -76,7 +77,7 @@ std::variant<document::FieldPath, Failure> fieldOf(const std::string& path, std:
 Outcome explain(const Arguments& arguments, Session& session) {
     if (!arguments.subject) return session.output.text(document::pages()), std::nullopt;
     if (!arguments.path) return explainCode(*arguments.subject, session.output);
-    auto brand = arguments.brand ? std::optional(brandNamed(*arguments.brand, session.output)) : std::nullopt;
+    auto brand = arguments.brand ? brandMeant(*arguments.brand) : std::nullopt;
     const auto field = fieldOf(*arguments.path, brand);
     if (const auto* failure = std::get_if<Failure>(&field)) return *failure;
     const auto read = documentAt(*arguments.subject, session);
@@ -98,7 +99,7 @@ void addExplain(CLI::App& program, Action& chosen) {
     path.check(text());
     optionalText(made, "--brand", arguments->brand, "The brand, in any accepted spelling")
         .type_name("TEXT")
-        ->check(text())
+        ->check(brandText())
         ->needs(&path);
     made.callback(
         [arguments, &chosen] { chosen = [arguments](Session& session) { return explain(*arguments, session); }; });

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 
 namespace quorin::tool {
@@ -66,7 +67,7 @@ void Output::json(const json::Value& value) { print(value, layout); }
 
 void Output::record(const json::Value& value) {
     print(value, json::Layout::compact);
-    written_ = flush();
+    flush();
 }
 
 void Output::print(const json::Value& value, json::Layout as) { printSafely(json::print(value, as) + "\n"); }
@@ -77,7 +78,7 @@ void Output::result(const std::string& text) { printSafely(text + "\n"); }
 void Output::printSafely(const std::string& result) { text(isatty(STDOUT_FILENO) ? escaped(result, "\n") : result); }
 
 void Output::text(std::string_view text) {
-    written_ = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && written_;
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) error_ = errno;
 }
 
 void Output::line(std::string_view text) { this->text(withoutControls(text) + "\n"); }
@@ -89,6 +90,9 @@ void Output::fail(const Failure& failure) const {
     std::fputs((escaped(json::print(failure.record.value()), "") + "\n").c_str(), stderr);
 }
 
-bool Output::flush() const { return std::fflush(stdout) == 0 && written_; }
+int Output::flush() {
+    if (std::fflush(stdout) != 0) error_ = errno;
+    return error_;
+}
 
 }  // namespace quorin::tool

@@ -38,14 +38,14 @@ public:
     /// The one line that ends a failed command.
     void fail(const Failure& failure) const;
 
-    /// Whether all of the result reached standard output.
-    bool flush() const;
+    /// Why some of the result did not reach standard output, as `errno` says it; 0: all did.
+    int flush();
 
 private:
     void print(const json::Value& value, json::Layout as);
     void printSafely(const std::string& result);
 
-    bool written_ = true;
+    int error_ = 0;
 };
 
 /// `text` in well-formed UTF-8, each control character of it as "\uxxxx".

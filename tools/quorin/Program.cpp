@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <new>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace quorin::tool {
@@ -77,8 +78,9 @@ int run(Session& session, const Action& chosen) {
     Outcome outcome = chosen(session);
     session.warnOfStore(outcome);
     const bool isTold = outcome && !outcome->message.empty();
-    if (!session.output.flush() && !isTold)
-        outcome = Failure::own("file", "the result could not be written to standard output; is the disk full?");
+    if (const int error = session.output.flush(); error != 0 && !isTold)
+        outcome = Failure::own("file", "the result could not be written to standard output: "
+                                           + std::error_code(error, std::generic_category()).message());
     if (!outcome) return 0;
     if (outcome->message.empty()) return outcome->status;
     session.output.fail(*outcome);

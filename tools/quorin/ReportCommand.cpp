@@ -7,8 +7,11 @@
 #include "StandardInput.hpp"
 #include "tools/page/Page.hpp"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <system_error>
 
@@ -83,6 +86,14 @@ std::vector<document::BrandChanges> changesOf(const std::vector<page::Source>& s
     return all;
 }
 
+/// A page in the place of the document that it is about would be a loss.
+bool isAnyOf(const std::vector<std::string>& sources, const std::string& path) {
+    return std::any_of(sources.begin(), sources.end(), [&](const std::string& source) {
+        std::error_code none;
+        return std::filesystem::equivalent(source, path, none);
+    });
+}
+
 Outcome writeTo(const std::string& path, const std::string& text) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
     const bool isWritten =
@@ -94,6 +105,8 @@ Outcome writeTo(const std::string& path, const std::string& text) {
 }
 
 Outcome report(const Arguments& arguments, Session& session) {
+    if (isAnyOf(arguments.sources, arguments.file))
+        return Failure::usage("the page cannot take the place of its own SOURCE; name another FILE");
     const FreshApp app(session);
     std::vector<page::Source> sources;
     for (const std::string& name : arguments.sources) {
@@ -107,6 +120,7 @@ Outcome report(const Arguments& arguments, Session& session) {
     }
     std::string html;
     page::write(sources, changesOf(sources), [&](const std::string& line) { (html += withoutControls(line)) += '\n'; });
+    if (arguments.file == "-") return session.output.text(html), std::nullopt;
     return writeTo(arguments.file, html);
 }
 
@@ -116,10 +130,10 @@ void addReport(CLI::App& program, Action& chosen) {
     CLI::App& made = command(program, "report", "Write a page on documents: findings, brands, requests and changes",
                              "quorin report old.json new.json -o report.html");
     const auto arguments = std::make_shared<Arguments>();
-    made.add_option("SOURCE", arguments->sources, "http or https URLs, or paths of files; - is standard input")
-        ->type_name("SOURCE...")
+    addSources(made, arguments->sources);
+    made.add_option("-o,--output", arguments->file, "The file of the page; - is standard output")
+        ->type_name("FILE")
         ->required();
-    made.add_option("-o,--output", arguments->file, "The file of the page")->type_name("FILE")->required();
     made.callback(
         [arguments, &chosen] { chosen = [arguments](Session& session) { return report(*arguments, session); }; });
 }

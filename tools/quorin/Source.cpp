@@ -13,6 +13,7 @@
 #include "tools/document/Nearest.hpp"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace quorin::tool {
@@ -28,13 +29,14 @@ std::string deviceOfMachine() {
     return "unknown-device";
 }
 
-bool namesBrand(const std::string& text) {
+bool isSpelling(const std::string& text) {
     const Brand brand = Brand::fromRaw(text);
     return brand != Brand::unknown || text == brand.rawValue();
 }
 
 std::string spellingsNear(const std::string& text) {
-    return "spellings near it: " + document::nearest(text, Brand::spellings());
+    const bool isAnyNear = !document::near(text, Brand::spellings()).empty();
+    return (isAnyNear ? "spellings near it: " : "name one of ") + document::nearest(text, Brand::spellings());
 }
 
 /// What is wrong with a file that did not load, in more words than the library's record has, and what to do about it.
@@ -47,23 +49,35 @@ std::string whatIsWrong(const LoadReport& failed) {
 }  // namespace
 
 Brand brandNamed(const std::string& text, Output& output) {
-    if (!namesBrand(text)) output.warn("\"" + text + "\" names no brand and loads as unknown; " + spellingsNear(text));
+    if (!isSpelling(text)) output.warn("\"" + text + "\" names no brand and loads as unknown; " + spellingsNear(text));
     return Brand::fromRaw(text);
 }
 
-void addBrands(CLI::App& command, std::vector<std::string>& texts) {
+std::optional<Brand> brandMeant(const std::string& text) {
+    if (isSpelling(text)) return Brand::fromRaw(text);
+    for (const Brand brand : document::allBrands()) {
+        if (brand.name() == text) return brand;
+    }
+    return std::nullopt;
+}
+
+CLI::Validator brandText() {
     const auto check = [](const std::string& given) {
-        return namesBrand(given) ? std::string() : "\"" + given + "\" names no brand; " + spellingsNear(given);
+        return brandMeant(given) ? std::string() : "\"" + given + "\" names no brand; " + spellingsNear(given);
     };
-    repeatedText(command, "--brand", texts, "A brand, in any accepted spelling; all by default")
-        .check(CLI::Validator(check, ""));
+    return {check, ""};
+}
+
+void addBrands(CLI::App& command, std::vector<std::string>& texts) {
+    repeatedText(command, "--brand", texts, "A brand, in any accepted spelling; may be repeated; all by default")
+        .check(brandText());
 }
 
 std::vector<Brand> brandsAsked(const std::vector<std::string>& texts) {
     if (texts.empty()) return document::allBrands();
     std::vector<Brand> brands;
     brands.reserve(texts.size());
-    for (const std::string& text : texts) brands.push_back(Brand::fromRaw(text));
+    for (const std::string& text : texts) brands.push_back(*brandMeant(text));
     std::sort(brands.begin(), brands.end());
     brands.erase(std::unique(brands.begin(), brands.end()), brands.end());
     return brands;
@@ -76,6 +90,18 @@ CLI::Option& addSource(CLI::App& command, const std::string& argument, std::stri
     CLI::Option& source =
         *command.add_option(argument, name, "An http or https URL, or the path of a file; - is standard input");
     return *source.type_name("SOURCE")->check(CLI::Validator(isUTF8URL, ""));
+}
+
+void addSources(CLI::App& command, std::vector<std::string>& names) {
+    const auto isOnce = [seen = std::make_shared<bool>(false)](const std::string& given) {
+        const bool isAgain = given == "-" && std::exchange(*seen, true);
+        return isAgain ? std::string("standard input can be one SOURCE only; name files for the others")
+                       : std::string();
+    };
+    texts(command, "SOURCE", names, "http or https URLs, or paths of files; - is standard input")
+        .type_name("SOURCE")
+        ->check(CLI::Validator(isOnce, ""))
+        ->required();
 }
 
 CLI::Option& Source::addTo(CLI::App& command, const std::string& argument, bool withDevice) {

@@ -34,6 +34,15 @@ CLI::Option& addSource(CLI::App& command, const std::string& argument, std::stri
 /// The brand that a text names. One that names none is `unknown`, with a warning.
 Brand brandNamed(const std::string& text, Output& output);
 
+/// The brand that a text names by a spelling, or by the name that the program prints. Empty when it names none.
+std::optional<Brand> brandMeant(const std::string& text);
+
+/// Accepts such texts.
+CLI::Validator brandText();
+
+/// Adds the sources of a command that takes several.
+void addSources(CLI::App& command, std::vector<std::string>& names);
+
 /// Adds the option that names brands, for a command that judges: a text that names none is a wrong use.
 void addBrands(CLI::App& command, std::vector<std::string>& texts);
 

@@ -52,7 +52,7 @@ std::string passedOver() {
 Outcome watch(Session& session, bool revealed) {
     auto subscriptions = printAllEvents(session, revealed);
     std::string line;
-    for (std::size_t number = 1; session.output.flush() && std::getline(std::cin, line); ++number) {
+    for (std::size_t number = 1; session.output.flush() == 0 && std::getline(std::cin, line); ++number) {
         if (!assign(session.manager(), line)) session.output.warn("line " + std::to_string(number) + passedOver());
     }
     for (auto& subscription : subscriptions) subscription.dispose();
