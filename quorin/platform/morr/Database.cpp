@@ -176,15 +176,17 @@ Outcome Database::readAll(StoredValues& values) {
     if (Outcome outcome = connection_.prepare("SELECT type, value, key FROM entries ORDER BY key", query); !outcome)
         return outcome;
     std::optional<std::string> last;
-    bool isBehind = false;  // of the texts, where the keys of other types stand, which are nobody's
+    bool isBehind = false;  // of the texts, where keys of bytes stand, which are nobody's; no others can be put there
     int code = Connection::step(query.get());
     for (; code == SQLITE_ROW; code = sqlite3_step(query.get())) {
-        if (sqlite3_column_type(query.get(), 2) != SQLITE_TEXT) {
+        const int type = sqlite3_column_type(query.get(), 2);
+        const std::string_view key = row::bytes(query.get(), 2);
+        if (type == SQLITE_BLOB) {
             isBehind = true;
             continue;
         }
-        const std::string_view key = row::bytes(query.get(), 2);
-        if (isBehind || (last && key <= *last)) return {Outcome::Kind::damaged, "its keys are out of order"};
+        if (type != SQLITE_TEXT || isBehind || (last && key <= *last))
+            return {Outcome::Kind::damaged, "its keys are out of order"};
         last = key;
         if (auto value = row::value(query.get(), 0)) values.emplace_hint(values.end(), key, std::move(*value));
     }

@@ -238,12 +238,26 @@ TEST(DamagedStore, IsFoundByTheOrderOfItsKeys) {
 }
 
 /// They stand behind the texts, whatever their bytes are.
-TEST(DamagedStore, IsFoundByAKeyOfAnotherTypeAmongItsKeys) {
+/// Where the file says of which type a key is; what stands there says that it is a text.
+char& typeOf(std::string& file, std::string_view key) {
+    char& type = file[file.find(key) - 4];
+    EXPECT_EQ(static_cast<std::size_t>(type), 13 + 2 * key.size());
+    return type;
+}
+
+TEST(DamagedStore, IsFoundByAKeyOfBytesAmongItsKeys) {
     const TemporaryFolder folder;
     std::string content = soundFile();
-    char& type = content[content.find("key150") - 4];
-    ASSERT_EQ(type, 13 + 2 * 6);  // a text of six bytes
-    type = 12 + 2 * 6;            // six bytes that are none
+    typeOf(content, "key150") = 12 + 2 * 6;
+    MorrStandard store({.path = folder.write("s.db", content)});
+    EXPECT_EQ(store.all(), StoredValues());
+    EXPECT_EQ(store.status().kind, Kind::setAside);
+}
+
+TEST(DamagedStore, IsFoundByAKeyThatIsANumberBehindItsKeys) {
+    const TemporaryFolder folder;
+    std::string content = soundFile();
+    typeOf(content, "key99") = 8;  // the number 0
     MorrStandard store({.path = folder.write("s.db", content)});
     EXPECT_EQ(store.all(), StoredValues());
     EXPECT_EQ(store.status().kind, Kind::setAside);
