@@ -127,7 +127,7 @@ class Explain(ProgramTest):
     def test_a_text_that_names_no_brand_is_refused(self):
         run = self.quorin("explain", "a.json", "groups", "--brand", "nosuch")
         self.assertEqual((run.status, run.output), (2, ""))
-        self.assertIn('"nosuch" names no brand; name one of ', run.last_line)
+        self.assertIn('"nosuch" names no brand; no spelling is near it; name one of ', run.last_line)
 
     def test_an_index_has_no_zero_in_front(self):
         self.assertEqual(self.explained("/orvel/groups/00", status=1)[0], "absent: the document does not hold it")

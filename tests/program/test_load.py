@@ -98,7 +98,10 @@ class BrandWarnings(ProgramTest):
         return run.errors
 
     def near(self, text):
-        return self.warning(text).split("near it: ")[1].strip().split(", ")
+        return self.spellings(text, "spellings near it: ")
+
+    def spellings(self, text, words):
+        return self.warning(text).split(words)[1].strip().split(", ")
 
     def test_near_spellings_are_listed(self):
         self.assertIn("orvel", self.near("orvle"))
@@ -109,7 +112,8 @@ class BrandWarnings(ProgramTest):
 
     def test_where_none_is_near_all_are_listed(self):
         for text in ("something else", "000", "", "x" * 10000):
-            self.assertTrue({"orvel", "vsn", "005"} & set(self.near(text)), text[:20])
+            listed = self.spellings(text, "no spelling is near it; name one of ")
+            self.assertLessEqual({"orvel", "vsn", "005"}, set(listed), text[:20])
 
     def test_each_accepted_spelling_loads_without_a_warning(self):
         for text, brand in (("plw", "pel"), ("011", "voss"), ("vsn", "voss"), ("003", "003"), ("wexley", "wexley"),

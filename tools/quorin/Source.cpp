@@ -36,7 +36,8 @@ bool isSpelling(const std::string& text) {
 
 std::string spellingsNear(const std::string& text) {
     const bool isAnyNear = !document::near(text, Brand::spellings()).empty();
-    return (isAnyNear ? "spellings near it: " : "name one of ") + document::nearest(text, Brand::spellings());
+    return (isAnyNear ? "spellings near it: " : "no spelling is near it; name one of ")
+           + document::nearest(text, Brand::spellings());
 }
 
 /// What is wrong with a file that did not load, in more words than the library's record has, and what to do about it.
