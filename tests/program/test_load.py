@@ -111,7 +111,7 @@ class BrandWarnings(ProgramTest):
         self.assertIn("pellow", self.near("pelow"))
 
     def test_where_none_is_near_all_are_listed(self):
-        for text in ("something else", "000", "", "x" * 10000):
+        for text in ("something else", "00000", "", "x" * 10000):
             listed = self.spellings(text, "no spelling is near it; name one of ")
             self.assertLessEqual({"orvel", "vsn", "005"}, set(listed), text[:20])
 
