@@ -34,11 +34,11 @@ public:
     void value(Step* step) {
         skipBlanks();
         if (step) step->offset = at();
-        if (step && step->next.empty()) step = nullptr;
+        const bool isEntered = step && !step->next.empty();
         if (peek() == '{')
-            members(step);
+            isEntered ? members(*step) : skipContainer();
         else if (peek() == '[')
-            elements(step);
+            isEntered ? elements(*step) : skipContainer();
         else if (peek() == '"')
             skipString();
         else
@@ -46,19 +46,19 @@ public:
     }
 
 private:
-    void members(Step* step) {
+    void members(Step& step) {
         if (!begins('}')) return;
         do {
             const std::string_view name = skipName();
-            value(step ? memberOf(*step, name) : nullptr);
+            value(memberOf(step, name));
         } while (more('}'));
     }
 
-    void elements(Step* step) {
+    void elements(Step& step) {
         if (!begins(']')) return;
         std::size_t index = 0;
         do {
-            value(step ? stepTo(*step, std::to_string(index++)) : nullptr);
+            value(stepTo(step, std::to_string(index++)));
         } while (more(']'));
     }
 

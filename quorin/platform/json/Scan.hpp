@@ -22,14 +22,29 @@ protected:
     std::size_t at() const { return at_; }
     char peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
 
-    void skipBlanks() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
-    void skipPlain() { at_ = std::min(text_.find_first_of(",]} \t\r\n", at_), text_.size()); }
+    void skipBlanks() {
+        while (at_ < text_.size() && isBlank(text_[at_])) ++at_;
+    }
+    void skipPlain() {
+        while (at_ < text_.size() && !isBlank(text_[at_]) && !endsPlain(text_[at_])) ++at_;
+    }
 
     std::string_view skipString() {
-        const std::size_t begin = at_++;
-        while (at_ < text_.size() && text_[at_] != '"') at_ += text_[at_] == '\\' ? 2 : 1;
-        at_ = std::min(at_ + 1, text_.size());
+        const std::size_t begin = at_;
+        at_ = endOfString(begin);
         return text_.substr(begin, at_ - begin);
+    }
+
+    /// A list or an object with all that is in it.
+    void skipContainer() {
+        std::size_t at = at_;
+        std::ptrdiff_t depth = 0;
+        do {
+            const char c = text_[at];
+            depth += c == '{' || c == '[' ? 1 : c == '}' || c == ']' ? -1 : 0;
+            at = c == '"' ? endOfString(at) : at + 1;
+        } while (depth > 0 && at < text_.size());
+        at_ = at;
     }
 
     /// Goes into a list or an object. Whether it has an item; else its end is passed over.
@@ -60,6 +75,21 @@ protected:
     }
 
 private:
+    static bool isBlank(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; }
+    static bool endsPlain(char c) { return c == ',' || c == ']' || c == '}'; }
+
+    /// Behind the quote that closes the string at `begin`: the first that is not escaped.
+    std::size_t endOfString(std::size_t begin) const {
+        for (std::size_t at = begin;;) {
+            at = text_.find('"', at + 1);
+            if (at == text_.npos) return text_.size();
+            std::size_t first = at;
+            while (first > begin + 1 && text_[first - 1] == '\\') --first;
+            const bool isEscaped = (at - first) % 2 == 1;
+            if (!isEscaped) return at + 1;
+        }
+    }
+
     std::string_view text_;
     std::size_t at_ = 0;
 };

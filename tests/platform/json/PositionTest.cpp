@@ -79,6 +79,12 @@ TEST(PositionsOf, AreNotMisledByBracketsInTexts) {
     EXPECT_EQ(positionIn(R"({"x": "]}\"{[\\", "y": ["]", "}"], "a": 1})", "/a"), (Position{1, 41}));
 }
 
+TEST(PositionsOf, AreNotMisledByEscapesInTexts) {
+    const std::string text = R"({"a": ["\\", "\"]", "\\\"}", "\\\\"], "b": 1})";
+    EXPECT_EQ(positionIn(text, "/a/3"), (Position{1, 30}));
+    EXPECT_EQ(positionIn(text, "/b"), (Position{1, 44}));
+}
+
 TEST(PositionsOf, AreInTheOrderOfThePointers) {
     const std::vector<std::optional<Position>> expected{Position{1, 15}, std::nullopt, Position{1, 7}, Position{1, 15}};
     EXPECT_EQ(positionsOf(R"({"a": 1, "b": 2})", {"/b", "/x", "/a", "/b"}), expected);
