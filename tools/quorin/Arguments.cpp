@@ -65,8 +65,8 @@ std::string whatIsWrongWithTheValue(const std::string& words) {
 
 }  // namespace
 
-std::vector<std::string> argumentsOf(int argc, const char* const* argv, const CLI::App& program) {
-    std::vector<std::string> words = separated({argv + std::min(argc, 1), argv + argc});
+std::vector<std::string> argumentsOf(std::span<const char* const> given, const CLI::App& program) {
+    std::vector<std::string> words = separated({given.begin(), given.end()});
     const CLI::App* command = &program;
     auto word = words.begin();
     for (; word != words.end() && *word != "--"; ++word) {

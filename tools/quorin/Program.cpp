@@ -6,9 +6,13 @@
 #include "Command.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <new>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -55,12 +59,46 @@ void addGlobalOptions(CLI::App& program, GlobalOptions& options, Forms& forms) {
         ->check(oneOf({"text", "json"}));
 }
 
-void addCommands(CLI::App& program, Action& chosen) {
+struct CommandMaker {
+    std::string_view name{};
+    void (*add)(CLI::App&, Action&) = nullptr;
+};
+
+/// In the order of the help.
+constexpr std::array commands{CommandMaker{"load", addLoad},
+                              CommandMaker{"show", addShow},
+                              CommandMaker{"read", addRead},
+                              CommandMaker{"equal", addEqual},
+                              CommandMaker{"check", addCheck},
+                              CommandMaker{"explain", addExplain},
+                              CommandMaker{"diff", addDiff},
+                              CommandMaker{"matrix", addMatrix},
+                              CommandMaker{"report", addReport},
+                              CommandMaker{"schema", addSchema},
+                              CommandMaker{"brand", addBrand},
+                              CommandMaker{"identity", addIdentity},
+                              CommandMaker{"cookie", addCookie},
+                              CommandMaker{"headers", addHeaders},
+                              CommandMaker{"user-agent", addUserAgent},
+                              CommandMaker{"request", addRequest},
+                              CommandMaker{"encode", addEncode},
+                              CommandMaker{"append", addAppend},
+                              CommandMaker{"completion", addCompletion}};
+
+/// The parser tells one command from others by the words alone, so it needs no more than those that are words. The
+/// completion is made from all of them.
+bool isNeeded(std::string_view command, std::span<const char* const> words) {
+    const auto isWord = [&](std::string_view name) {
+        return std::find(words.begin(), words.end(), name) != words.end();
+    };
+    return isWord(command) || isWord("completion");
+}
+
+void addCommands(CLI::App& program, Action& chosen, bool isWhole, std::span<const char* const> words) {
     program.require_subcommand(1);
-    for (const auto add :
-         {addLoad, addShow, addRead, addEqual, addCheck, addExplain, addDiff, addMatrix, addReport, addSchema, addBrand,
-          addIdentity, addCookie, addHeaders, addUserAgent, addRequest, addEncode, addAppend, addCompletion})
-        add(program, chosen);
+    for (const CommandMaker& command : commands) {
+        if (isWhole || isNeeded(command.name, words)) command.add(program, chosen);
+    }
 }
 
 /// The version is asked for by the first word alone: elsewhere `--version` is an option of a command.
@@ -74,8 +112,16 @@ void addVersion(CLI::App& program, Action& chosen) {
     });
 }
 
+Outcome outcomeOf(Session& session, const Action& chosen) {
+    try {
+        return chosen(session);
+    } catch (const std::bad_alloc&) {
+        return Failure::own("noValue", "there is not enough memory; give less, or more memory");
+    }
+}
+
 int run(Session& session, const Action& chosen) {
-    Outcome outcome = chosen(session);
+    Outcome outcome = outcomeOf(session, chosen);
     session.warnOfStore(outcome);
     const bool isTold = outcome && !outcome->message.empty();
     if (const int error = session.output.flush(); error != 0 && !isTold)
@@ -94,35 +140,46 @@ int usageError(const CLI::App& program, const CLI::ParseError& error, const Outp
     return failure.status;
 }
 
-}  // namespace
+void describe(CLI::App& program) {
+    program.footer("Example: quorin load config.json --brand orvel\nThe version: quorin --version");
+    program.fallthrough();
+    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
 
-int runProgram(int argc, const char* const* argv) {
+/// Runs the program with the commands that the words need, or with all. Empty when the words do not parse with the
+/// former: only the latter can tell why, and print the whole help.
+std::optional<int> runWith(bool isWhole, std::span<const char* const> given) {
     Session session;
     Forms forms;
     Action chosen;
     CLI::App program("Loads the remote configuration of a brand and keeps what its requests need.", "quorin");
-    program.footer("Example: quorin load config.json --brand orvel\nThe version: quorin --version");
-    program.fallthrough();
-    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    describe(program);
     addGlobalOptions(program, session.options, forms);
-    (argc > 1 && std::string_view(argv[1]) == "--version" ? addVersion : addCommands)(program, chosen);
-    const std::vector<std::string> words = argumentsOf(argc, argv, program);
+    if (!given.empty() && std::string_view(given[0]) == "--version")
+        addVersion(program, chosen);
+    else
+        addCommands(program, chosen, isWhole, given);
+    const std::vector<std::string> words = argumentsOf(given, program);
     session.output.errorForm = wantsJSONErrors(words) ? ErrorForm::json : ErrorForm::text;
     try {
         program.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-    } catch (const CLI::CallForHelp&) {
-        chosen = [&program](Session& helped) -> Outcome { return helped.output.text(program.help()), std::nullopt; };
     } catch (const CLI::ParseError& error) {
-        return usageError(program, error, session.output);
+        if (!isWhole) return std::nullopt;
+        const bool isHelp = dynamic_cast<const CLI::CallForHelp*>(&error) != nullptr;
+        if (!isHelp) return usageError(program, error, session.output);
+        chosen = [&program](Session& helped) -> Outcome { return helped.output.text(program.help()), std::nullopt; };
     }
     if (forms.compact) session.output.layout = json::Layout::compact;
     session.output.errorForm = forms.errors == "json" ? ErrorForm::json : ErrorForm::text;
-    try {
-        return run(session, chosen);
-    } catch (const std::bad_alloc&) {
-        session.output.fail(Failure::own("noValue", "there is not enough memory; give less, or more memory"));
-        return session.trouble;
-    }
+    return run(session, chosen);
+}
+
+}  // namespace
+
+int runProgram(int argc, const char* const* argv) {
+    const std::span<const char* const> words(argv + std::min(argc, 1), argv + argc);
+    const auto status = runWith(false, words);
+    return status ? *status : *runWith(true, words);
 }
 
 }  // namespace quorin::tool
