@@ -10,6 +10,7 @@ struct sqlite3_stmt;
 
 namespace quorin::morr {
 
+/// Finalizes what was prepared.
 struct CloseStatement {
     void operator()(sqlite3_stmt* statement) const;
 };
